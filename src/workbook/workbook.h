@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "workbook/format.h"
+#include "workbook/worksheet.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace xls {
+
+/// What went wrong, as a sentence for the user.
+class workbook_error : public std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+/// A sheet has more rows than an Excel 97-2003 sheet holds (65 536). what() names the sheet and its rows.
+class too_many_rows : public workbook_error {
+public:
+    too_many_rows(std::string sheet, std::size_t rows);
+    std::string sheet;
+    std::size_t rows;
+};
+
+struct document_properties {
+    std::string title;
+    std::string application;
+};
+
+/// An Excel 97-2003 workbook (BIFF8 records in an OLE2 compound file), kept in memory until close.
+class workbook {
+public:
+    /// `path`: the file that close writes. Nothing is touched on the disk before.
+    explicit workbook(std::filesystem::path path);
+
+    void set_properties(document_properties properties);
+
+    /// Called with a sentence whenever something had to be cut.
+    void set_log(std::function<void(std::string_view)> log);
+
+    /// Throws workbook_error for a colour that is_color refuses.
+    format_id add_format(const format& format);
+
+    /// Throws workbook_error for a name that Excel refuses: empty, over 31 UTF-16 units, one of []:*?/\ in it,
+    /// an apostrophe at either end, or taken already (letter case ignored). The reference stays valid as long
+    /// as the workbook lives.
+    worksheet& add_worksheet(std::string_view name);
+
+    /// Writes the file: whole beside its target first, then moved over it, so that a failure leaves an older
+    /// file as it was and nothing else behind. Follows a symbolic link to its target. Throws workbook_error
+    /// (nothing on the disk has changed) or too_many_rows (raised before a byte is written).
+    void close();
+};
+
+} // namespace xls
