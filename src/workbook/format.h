@@ -23,7 +23,8 @@ struct format {
     bool operator==(const format&) const = default;
 };
 
-/// A format that a workbook has taken in. The default value stands for "no format" (the workbook's plain cell).
+/// A format that a workbook has taken in. The default value stands for "no format" (the workbook's plain
+/// cell).
 struct format_id {
     std::uint16_t index = 0;
     bool operator==(const format_id&) const = default;

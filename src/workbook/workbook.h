@@ -45,9 +45,9 @@ public:
     /// Throws workbook_error for a colour that is_color refuses.
     format_id add_format(const format& format);
 
-    /// Throws workbook_error for a name that Excel refuses: empty, over 31 UTF-16 units, one of []:*?/\ in it,
-    /// an apostrophe at either end, or taken already (letter case ignored). The reference stays valid as long
-    /// as the workbook lives.
+    /// Throws workbook_error for a name that Excel refuses: empty, over 31 UTF-16 units, one of []:*?/\ in
+    /// it, an apostrophe at either end, or taken already (letter case ignored). The reference stays valid as
+    /// long as the workbook lives.
     worksheet& add_worksheet(std::string_view name);
 
     /// Writes the file: whole beside its target first, then moved over it, so that a failure leaves an older

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "document/xml_node.h"
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace tallyframe {
+
+/// The four groups of notes that a clip item takes from its master clip when it has none of its own.
+inline constexpr std::array<std::string_view, 4> inherited_groups = {"logginginfo", "labels", "filmdata",
+                                                                     "comments"};
+
+/// What the catalogue and the analysis ask of a whole document, gathered in one walk over it.
+///
+/// Each answer is that of the query in its comment at the time of the walk; "first" means first in document
+/// order.
+class document_index {
+public:
+    explicit document_index(const xml_document& document);
+
+    std::vector<xml_node> files; ///< //file
+    std::vector<xml_node> bin_clip_media; ///< //children/clip/media
+    std::vector<xml_node> sequence_uuids; ///< //sequence/uuid
+    bool has_bin_clips = false; ///< //children/clip
+    bool has_updatebehavior = false; ///< //updatebehavior
+
+    /// First //sequence[uuid="…"].
+    xml_node sequence_with_uuid(std::string_view uuid) const;
+
+    /// First //clip[@id="…"]/GROUP, where GROUP is inherited_groups[group].
+    xml_node master_clip_group(std::size_t group, std::string_view master_clip_id) const;
+
+    /// First //sequence[@id="…"]/media/video/track/clipitem/file, or failing that the first one a nested
+    /// sequence deeper (…/clipitem/sequence/media/video/track/clipitem/file).
+    xml_node nested_sequence_file(std::string_view sequence_id) const;
+
+    /// Tells the index of a `file` that has been copied into a clip item, so that later answers of
+    /// nested_sequence_file see it.
+    void add_file_of_clip_item(xml_node file);
+
+private:
+    using first_by_id = std::unordered_map<std::string, xml_node>;
+
+    void take_in(xml_node element);
+
+    first_by_id sequences_by_uuid_;
+    std::array<first_by_id, inherited_groups.size()> master_clip_groups_;
+    first_by_id files_in_sequence_;
+    first_by_id files_one_sequence_deeper_;
+};
+
+} // namespace tallyframe

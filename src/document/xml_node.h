@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+struct _xmlDoc;
+struct _xmlNode;
+
+namespace tallyframe {
+
+/// An element of a loaded document, or none. A light handle: the document owns the element and must live as
+/// long. Names match elements without a namespace; paths are element names joined by "/".
+///
+/// Every reading operation on none answers with none or nothing.
+class xml_node {
+public:
+    xml_node() = default;
+    explicit xml_node(_xmlNode* node) : node_(node) { }
+
+    explicit operator bool() const { return node_ != nullptr; }
+    bool operator==(const xml_node&) const = default;
+    _xmlNode* get() const { return node_; }
+
+    std::string_view name() const;
+
+    /// All text inside the element, nested elements included, as one string. Nothing is trimmed.
+    std::string text() const;
+
+    /// Whether text() equals `expected`, without making the string.
+    bool text_is(std::string_view expected) const;
+
+    std::optional<std::string> attribute(std::string_view attribute_name) const;
+
+    xml_node parent() const;
+
+    /// The sibling elements before and after this one, or none.
+    xml_node previous_element() const;
+    xml_node next_element() const;
+
+    xml_node first_element() const;
+
+    /// Whether anything (an element, a text, a comment) stands inside the element.
+    bool has_children() const;
+
+    /// First child element of that name.
+    xml_node child(std::string_view child_name) const;
+
+    /// First match of a path such as "timecode/rate/ntsc" in document order: each step looks at every child
+    /// of that name, not at the first one only.
+    xml_node first(std::string_view path) const;
+
+    /// All matches of a path, in document order.
+    std::vector<xml_node> all(std::string_view path) const;
+
+    /// First element of that name anywhere inside this one, in document order.
+    xml_node first_descendant(std::string_view descendant_name) const;
+
+    /// All elements of a path anywhere inside this one, such as all ".//value".
+    std::vector<xml_node> all_descendants(std::string_view descendant_name) const;
+
+    /// Text of the first match of the path; nothing when there is no match.
+    std::optional<std::string> text_of(std::string_view path) const;
+
+    /// Replaces all that stands inside the element by a text.
+    void set_text(std::string_view text);
+
+    /// Appends a deep copy of `original` as the last child; returns the copy.
+    xml_node append_copy(xml_node original);
+
+    /// Inserts a deep copy of `original` as the sibling directly before this element; returns the copy.
+    xml_node insert_copy_before(xml_node original);
+
+    /// The element as markup, as it would stand in the document.
+    std::string markup() const;
+
+private:
+    _xmlNode* node_ = nullptr;
+};
+
+/// Whether `first` comes before `second` in their document.
+bool stands_before(xml_node first, xml_node second);
+
+/// The element after `node` in document order (its first child, else what follows it), staying inside `root`;
+/// none after the last one. `for (n = root; n; n = next_in_document(n, root))` visits every element once.
+xml_node next_in_document(xml_node node, xml_node root);
+
+/// A parsed document; owns all its nodes.
+class xml_document {
+public:
+    xml_document() = default;
+    explicit xml_document(_xmlDoc* document) : document_(document) { }
+
+    explicit operator bool() const { return document_ != nullptr; }
+    _xmlDoc* get() const { return document_.get(); }
+
+    xml_node root() const;
+
+    /// Name of the first node of the document: that of the document type declaration when there is one,
+    /// otherwise of what stands first (a comment's is "comment").
+    std::string first_node_name() const;
+
+    /// Gives the memory up to the end of the process: a program that is about to leave saves the walk over
+    /// millions of nodes.
+    void leave_to_process_end() { (void)document_.release(); }
+
+private:
+    struct free_document {
+        void operator()(_xmlDoc* document) const;
+    };
+    std::unique_ptr<_xmlDoc, free_document> document_;
+};
+
+} // namespace tallyframe

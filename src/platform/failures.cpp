@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#include "platform/failures.h"
+
+#include <filesystem>
+
+namespace tallyframe {
+
+std::string failure::location_trace() const
+{
+    return std::filesystem::path(where_.file_name()).filename().string() + ":" + std::to_string(where_.line())
+        + " in " + where_.function_name();
+}
+
+} // namespace tallyframe

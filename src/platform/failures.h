@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <source_location>
+#include <stdexcept>
+#include <string>
+
+namespace tallyframe {
+
+/// A failure whose message is meant for the user, with the place in the program where it was raised.
+class failure : public std::runtime_error {
+public:
+    explicit failure(const std::string& message, std::source_location where = std::source_location::current())
+        : std::runtime_error(message), where_(where)
+    {
+    }
+
+    /// The location trace, one place a line: "parse_xml.cpp:42 in parse_xml".
+    std::string location_trace() const;
+
+private:
+    std::source_location where_;
+};
+
+/// The document cannot be loaded. The two that every host tells apart are these messages exactly.
+class load_error : public failure {
+public:
+    using failure::failure;
+};
+inline constexpr const char* fatal_error_message = "fatal error";
+inline constexpr const char* not_xmeml_message = "not xmeml";
+
+/// The document lacks something that the analysis cannot do without.
+class analysis_error : public failure {
+public:
+    using failure::failure;
+};
+
+/// The user has stopped the run.
+class run_cancelled : public failure {
+public:
+    explicit run_cancelled(std::source_location where = std::source_location::current())
+        : failure("The run was stopped.", where)
+    {
+    }
+};
+
+} // namespace tallyframe
