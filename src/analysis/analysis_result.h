@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "analysis/clip_record.h"
+#include "analysis/effect_records.h"
+#include "media/marker_record.h"
+#include "timecode/frame_rates.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tallyframe {
+
+/// A reel that the document names. The report sums its timeline duration up on its own copy.
+struct reel_record {
+    std::string name;
+    std::int64_t estimated_total = 0; ///< frames
+
+    bool operator==(const reel_record&) const = default;
+};
+
+/// What the window's track tables say of a track.
+struct track_description {
+    std::string label; ///< "V1"
+    std::string name; ///< empty, or a blank and the name
+    std::string enabled;
+    std::int64_t item_count = 0; ///< clip, generator and transition items
+};
+
+/// Everything that the report is written from: the sequence's header and the records of its tracks, in the
+/// order of the walk (tracks in document order; in a track clip items, then generators, then transitions).
+struct analysis_result {
+    bool is_sequence = false; ///< false for the clips of the bins
+    std::string sequence_name;
+    std::int64_t sequence_duration = 0; ///< frames
+    std::optional<frame_rate> seq_fcp_rate; ///< nothing for bins
+    std::string seq_displayformat; ///< "DF", "NDF", or what the document holds
+    std::optional<std::string> sequence_width;
+    std::optional<std::string> sequence_height;
+    std::optional<std::string> seq_samplerate;
+    bool ppro = false; ///< the document comes from Premiere Pro
+
+    std::vector<track_description> video_tracks;
+    std::vector<track_description> audio_tracks;
+
+    std::vector<clip_record> video_clip_data_array;
+    std::vector<filter_record> video_clip_filter_array;
+    std::vector<motion_record> video_clip_motion_array;
+    std::vector<clip_marker_record> video_clip_marker_array;
+    std::vector<transition_record> video_transition_array;
+    std::vector<generator_record> generatoritem_array;
+
+    std::vector<clip_record> audio_clip_data_array;
+    std::vector<filter_record> audio_clip_filter_array;
+    std::vector<clip_marker_record> audio_clip_marker_array;
+    std::vector<transition_record> audio_transition_array;
+
+    std::vector<marker_record> seq_markers_data_array;
+    std::vector<reel_record> reels_array;
+};
+
+} // namespace tallyframe

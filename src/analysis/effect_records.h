@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "analysis/clip_record.h"
+#include "media/marker_record.h"
+
+#include <optional>
+#include <string>
+
+namespace tallyframe {
+
+/// A title, slug, colour matte or other generated item.
+struct generator_record : track_position {
+    std::optional<std::string> name;
+    std::string type; ///< "Slug", "BarsAndTone", "GraphicAndType", an effect's name, or "Unknown"
+    std::string font; ///< names joined with ", "
+    std::string text;
+    std::string enabled = "TRUE";
+};
+
+struct transition_record : track_position {
+    std::string name; ///< "Dissolve ▸ Cross Dissolve"
+    bool apple = false; ///< a built-in one
+    std::string enabled = "TRUE";
+};
+
+/// A filter that is switched on, with the place and state of its clip.
+struct filter_record : track_position {
+    std::string name;
+    bool apple = false; ///< a built-in one
+    std::string enabled = "TRUE";
+    std::optional<std::string> clip_name;
+};
+
+/// A motion setting of a clip that differs from its neutral value.
+struct motion_record : track_position {
+    std::string name; ///< "Scale (50%)"
+    std::string enabled = "TRUE";
+    std::optional<std::string> clip_name;
+};
+
+/// A marker of a clip: in_frame and out_frame count on the sequence, the source frames on the clip's media.
+struct clip_marker_record : marker_record {
+    std::string track;
+    std::string track_name;
+    std::optional<std::string> clip_name;
+    std::string enabled = "TRUE";
+    std::optional<double> src_in_frame; ///< nothing before any clip has set the source start
+    std::optional<double> src_out_frame;
+
+    bool operator==(const clip_marker_record&) const = default;
+};
+
+} // namespace tallyframe

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "document/xml_node.h"
+#include "platform/progress.h"
+#include "timecode/frame_rates.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace tallyframe {
+
+/// A media file that the document defines in full.
+struct file_record {
+    std::string id;
+    std::optional<std::int64_t> src_duration; ///< frames at fcp_rate; nothing marks a still image
+    std::optional<frame_rate> fcp_rate; ///< nothing only in bins without a usable rate of their own
+    std::optional<std::string> type; ///< the rate's display name
+    std::optional<std::string> frame_size; ///< "1920 × 1080"
+    std::string displayformat = "NDF"; ///< "DF" or "NDF"
+    double timecode_frame = 0; ///< first timecode in frames at fcp_rate; may be a fraction
+    std::optional<std::string> samplerate; ///< samples a second, as written
+    std::optional<std::string> reel_name; ///< ASCII
+    std::optional<std::string> roll_name; ///< sound roll, ASCII
+    std::optional<std::string> path; ///< decoded, or what generates the media, such as "Slug"
+    std::optional<std::string> video_format;
+    std::optional<std::string> audio_format;
+};
+
+/// The document's media files by id; of several with one id the first counts.
+class file_catalogue {
+public:
+    void add(file_record file);
+    const file_record* find(std::string_view id) const;
+    const std::vector<file_record>& records() const { return records_; }
+
+private:
+    std::vector<file_record> records_;
+    std::unordered_map<std::string, std::size_t> first_by_id_;
+};
+
+struct files_info {
+    file_catalogue files;
+    std::vector<std::string> reel_names; ///< in the order met, repeats kept
+};
+
+/// Reads all `file` elements of a document; elements without content only repeat an id and are skipped.
+/// `seq_fcp_rate`: the sequence's rate, nothing for bins.
+files_info get_files_info(const std::vector<xml_node>& file_elements, std::optional<frame_rate> seq_fcp_rate,
+                          progress& display);
+
+} // namespace tallyframe
