@@ -4,6 +4,7 @@
 #include "document/xml_node.h"
 
 #include <array>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -44,14 +45,26 @@ public:
     void add_file_of_clip_item(xml_node file);
 
 private:
+    struct first_file {
+        xml_node file;
+        bool is_settled = false; ///< no file that is added later can come before it
+    };
     using first_by_id = std::unordered_map<std::string, xml_node>;
+    using first_file_by_id = std::unordered_map<std::string, first_file>;
 
     void take_in(xml_node element);
+    void take_in_uuid(xml_node uuid);
+    void take_in_group(xml_node group);
+    void take_in_file(xml_node file);
+
+    /// Calls `visit` with each of the two maps below that the place of `file` concerns, and the id there.
+    template <class Visit>
+    void for_each_nesting(xml_node file, const Visit& visit);
 
     first_by_id sequences_by_uuid_;
     std::array<first_by_id, inherited_groups.size()> master_clip_groups_;
-    first_by_id files_in_sequence_;
-    first_by_id files_one_sequence_deeper_;
+    first_file_by_id files_in_sequence_;
+    first_file_by_id files_one_sequence_deeper_;
 };
 
 } // namespace tallyframe

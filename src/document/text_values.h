@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 // Documents write numbers as "25", "111.0", " 25\n" or not at all; they are read from their leading

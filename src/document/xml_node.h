@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
@@ -12,6 +12,10 @@ struct _xmlDoc;
 struct _xmlNode;
 
 namespace tallyframe {
+
+/// How much text, in bytes, the entities that a document defines may bring into one value; the rest is cut.
+/// No exporter writes entities of its own: whoever does is after the memory of the reader.
+inline constexpr std::size_t expanded_text_limit = 10'000'000;
 
 /// An element of a loaded document, or none. A light handle: the document owns the element and must live as
 /// long. Names match elements without a namespace; paths are element names joined by "/".
@@ -27,6 +31,9 @@ public:
     _xmlNode* get() const { return node_; }
 
     std::string_view name() const;
+
+    /// Whether the element bears that name and no namespace.
+    bool has_name(std::string_view expected) const;
 
     /// All text inside the element, nested elements included, as one string. Nothing is trimmed.
     std::string text() const;
