@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/audio_tag_reader.h"
+#include "platform/media_locator.h"
+#include "platform/thumbnail_folder.h"
+#include "platform/thumbnailer.h"
+
+namespace tallyframe {
+
+/// What a host gives a report so that it can look at media files.
+struct media_services {
+    media_locator& locator;
+    audio_tag_reader& tags;
+    thumbnailer* pictures = nullptr; ///< null unless in-point thumbnails are wanted
+    thumbnail_folder* folder = nullptr; ///< null unless in-point thumbnails are wanted
+};
+
+} // namespace tallyframe
