@@ -17,7 +17,8 @@ struct format {
     bool bold = false;
     bool wrap = false;
     alignment align = alignment::general;
-    std::string color; ///< font colour: a name of color_names(), "#RRGGBB", or empty for the automatic colour
+    std::string color =
+        {}; ///< font colour: a name of color_names(), "#RRGGBB", or empty for the automatic colour
     std::string number_format = "General"; ///< as Excel writes it, such as "#,##0.00"
 
     bool operator==(const format&) const = default;

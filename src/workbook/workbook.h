@@ -5,13 +5,18 @@
 #include "workbook/worksheet.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace xls {
+
+struct workbook_content;
 
 /// What went wrong, as a sentence for the user.
 class workbook_error : public std::runtime_error {
@@ -27,8 +32,8 @@ public:
 };
 
 struct document_properties {
-    std::string title;
-    std::string application;
+    std::string title = {};
+    std::string application = {};
 };
 
 /// An Excel 97-2003 workbook (BIFF8 records in an OLE2 compound file), kept in memory until close.
@@ -54,6 +59,17 @@ public:
     /// file as it was and nothing else behind. Follows a symbolic link to its target. Throws workbook_error
     /// (nothing on the disk has changed) or too_many_rows (raised before a byte is written).
     void close();
+
+    /// The bytes that close would write. Throws as close does, the disk's failures excepted.
+    std::vector<std::uint8_t> to_bytes();
+
+    ~workbook();
+    workbook(const workbook&) = delete;
+    workbook& operator=(const workbook&) = delete;
+
+private:
+    std::filesystem::path path_;
+    std::unique_ptr<workbook_content> content_;
 };
 
 } // namespace xls

@@ -9,6 +9,9 @@
 
 namespace xls {
 
+struct sheet_content;
+struct workbook_content;
+
 /// One sheet of a workbook, created by workbook::add_worksheet and owned by it.
 ///
 /// Rows and columns count from 0. Cells may be written in any order; writing a cell again replaces it.
@@ -39,6 +42,16 @@ public:
     /// A picture (JPEG or PNG file, read at once) whose upper left corner stands in the cell's corner, in its
     /// own size at 96 dots an inch. Throws workbook_error when the file cannot be read or is of another kind.
     void insert_image(std::size_t row, std::size_t column, const std::filesystem::path& picture);
+
+    worksheet(const worksheet&) = delete;
+    worksheet& operator=(const worksheet&) = delete;
+
+private:
+    friend class workbook;
+    worksheet(workbook_content& book, sheet_content& sheet);
+
+    workbook_content& book_;
+    sheet_content& sheet_;
 };
 
 } // namespace xls

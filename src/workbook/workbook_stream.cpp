@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+//
+//     BOF
+//     CODEPAGE, WINDOW1, DATEMODE
+//     FONT ... FORMAT ... XF ... STYLE, PALETTE
+//     BOUNDSHEET ...                               the sheets' names and where they start
+//     SST, CONTINUE ... EXTSST
+//     EOF
+//     sheet, sheet ...
+#include "workbook/workbook_stream.h"
+
+#include "workbook/globals_records.h"
+#include "workbook/unicode.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace xls {
+
+namespace {
+
+constexpr std::size_t stream_limit = 0x7F000000; ///< a compound file ends at 2 GB, its own tables included
+
+} // namespace
+
+workbook_stream::workbook_stream(const workbook_content& content)
+{
+    records::bof(globals_, records::substream::globals);
+    records::codepage(globals_);
+    records::window1(globals_);
+    records::date_mode(globals_);
+    content.formats.write(globals_);
+    std::vector<std::size_t> position_offsets;
+    for (const auto& sheet : content.sheets)
+        position_offsets.push_back(records::bound_sheet(globals_, to_utf16(sheet->name)));
+    content.strings.write(globals_);
+    records::eof(globals_);
+
+    auto position = globals_.size();
+    for (const auto& sheet : content.sheets) {
+        globals_.patch_u32(position_offsets[sheets_.size()], static_cast<std::uint32_t>(position));
+        sheets_.emplace_back(*sheet, content.formats, sheets_.empty(), position);
+        position += sheets_.back().size();
+        if (position > stream_limit)
+            throw workbook_error(
+                "The workbook is larger than 2 GB, which no .xls file can be. Write less into it.");
+    }
+}
+
+void workbook_stream::write(const byte_sink& sink) const
+{
+    sink(globals_.view());
+    for (const auto& sheet : sheets_)
+        sheet.write(sink);
+}
+
+void drop_unused_texts(workbook_content& content)
+{
+    const auto replaced = [](const auto& sheet) { return sheet->cells.has_replaced_cells(); };
+    if (std::ranges::none_of(content.sheets, replaced))
+        return;
+    std::vector<std::uint32_t> uses(content.strings.size());
+    for (auto& sheet : content.sheets)
+        sheet->cells.renumber_texts([&](std::uint32_t text) {
+            ++uses[text];
+            return text;
+        });
+    const auto new_numbers = content.strings.drop_unused(uses);
+    for (auto& sheet : content.sheets)
+        sheet->cells.renumber_texts([&](std::uint32_t text) { return new_numbers[text]; });
+}
+
+} // namespace xls
