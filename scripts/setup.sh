@@ -50,7 +50,7 @@ install_packages() {
         say "The lists of packages could not be renewed; trying with those that are here."
     if ! "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
         apt-get -q -y --no-install-recommends install "${missing[@]}" >>"$log" 2>&1; then
-        tail -n 12 "$log" >&2
+        tail -n 5 "$log" >&2
         fail "The packages could not be installed (all that apt said is in $log). Is there a network, and is this" \
             "Debian 12 with the section main?"
     fi
@@ -72,7 +72,7 @@ build_preset() {
 hold_build_folder() {
     mkdir -p "$root/build" 2>/dev/null || true
     [[ -w $root/build ]] ||
-        fail "The folder $root/build cannot be written to. Who made it? (ls -ld $root/build)"
+        fail "$(id -un) may not write into $root/build. Whose folder is it? (ls -ld $root $root/build)"
     exec {build_lock}>"$root/build/.lock"
     flock -n "$build_lock" || { say "Waiting for another build to end"; flock "$build_lock"; }
 }
