@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "document/document_index.h"
 #include "document/xml_node.h"
 #include "platform/diagnostics.h"
 #include "platform/progress.h"
@@ -18,17 +19,24 @@ struct parsed_xml {
     xml_document document;
     std::string first_node_name; ///< "xmeml" for a proper export
     bool no_updatebehavior; ///< Final Cut Pro 7 writes that element, Premiere Pro does not
+    document_index index; ///< of `document`, made on the way
 };
 
-/// Loads an interchange document, mending bad characters (bytes that are not UTF-8, control characters) line
-/// by line where the parser complains. Writes the errors that remain after the mending to `out`; shows
-/// "Fixing bad characters in the XML file...\n" unless gui_mode is false.
+/// Loads an interchange document.
 ///
-/// Throws load_error with fatal_error_message or not_xmeml_message, or with a sentence when the file cannot
-/// be read.
+/// Where the parser complains, bad characters (bytes that are not UTF-8, control characters, DEL) are removed
+/// and the document is parsed again: first without those in the lines that it complained about, then, if it
+/// still does, without those in any line. A document mended so has no line breaks any more. Shows
+/// "Fixing bad characters in the XML file...\n" before that, unless gui_mode is false. Writes each error of
+/// the third parse to `out`, one a line ("12:40: ERROR: what is wrong").
+///
+/// Throws load_error: with fatal_error_message when that third parse finds the document not well-formed; with
+/// not_xmeml_message when it has no element at all (one without any error may have any root); with a sentence
+/// when the file cannot be read or the document goes beyond the parser's limits (elements nested 256 deep, 10
+/// million bytes in one text or brought by entities).
 parsed_xml parse_xml(const xml_input& input, diagnostics& out, progress& display);
 
-/// One line that tells which XML library is at work.
+/// One line, without a line break, that tells which XML library is at work.
 std::string xml_library_version();
 
 } // namespace tallyframe

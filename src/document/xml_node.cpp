@@ -59,26 +59,52 @@ const xmlNode* next_inside(const xmlNode* node, const xmlNode* root)
     return node == root ? nullptr : node->next;
 }
 
+void append_reference(std::string& text, const xmlNode* reference, std::size_t& budget, std::size_t nesting);
+
 /// Appends the text inside an element, an attribute or an entity. What entities bring counts against
 /// `budget`: a few lines of entities that call each other can stand for gigabytes.
 void append_text(std::string& text, const xmlNode* root, std::size_t& budget, std::size_t nesting)
 {
+    const bool is_entity = nesting > 0;
     for (const xmlNode* node = root->children; node != nullptr; node = next_inside(node, root)) {
+        if (is_entity && budget-- <= 1) {
+            budget = 0;
+            return;
+        }
         if (is_character_data(node)) {
             std::string_view piece = chars(node->content);
-            if (nesting > 0) {
+            if (is_entity) {
                 piece = piece.substr(0, budget);
                 budget -= piece.size();
             }
             text += piece;
-        } else if (node->type == XML_ENTITY_REF_NODE && budget > 0 && nesting < entity_nesting_limit) {
-            --budget;
-            const xmlEntity* entity = xmlGetDocEntity(node->doc, node->name);
-            if (entity != nullptr && entity->etype == XML_INTERNAL_PREDEFINED_ENTITY)
-                text += chars(entity->content);
-            else if (entity != nullptr && entity->etype == XML_INTERNAL_GENERAL_ENTITY)
-                append_text(text, reinterpret_cast<const xmlNode*>(entity), budget, nesting + 1);
+        } else if (node->type == XML_ENTITY_REF_NODE) {
+            append_reference(text, node, budget, nesting);
         }
+    }
+}
+
+void append_reference(std::string& text, const xmlNode* reference, std::size_t& budget, std::size_t nesting)
+{
+    if (budget == 0 || nesting == entity_nesting_limit)
+        return;
+    --budget;
+    const xmlEntity* entity = xmlGetDocEntity(reference->doc, reference->name);
+    if (entity == nullptr)
+        return;
+    if (entity->etype == XML_INTERNAL_PREDEFINED_ENTITY)
+        text += chars(entity->content);
+    else if (entity->etype == XML_INTERNAL_GENERAL_ENTITY)
+        append_text(text, reinterpret_cast<const xmlNode*>(entity), budget, nesting + 1);
+}
+
+/// Takes what the references among the children of `parent` stand for off the budget.
+void charge_entities(const xmlNode* parent, std::size_t& budget)
+{
+    for (const xmlNode* node = parent->children; node != nullptr && budget > 0; node = node->next) {
+        std::string text;
+        if (node->type == XML_ENTITY_REF_NODE)
+            append_reference(text, node, budget, 0);
     }
 }
 
@@ -328,6 +354,21 @@ std::string xml_document::first_node_name() const
     if (document_ == nullptr || document_->children == nullptr)
         return {};
     return chars(document_->children->name);
+}
+
+bool xml_document::entities_stay_within(std::size_t limit) const
+{
+    if (document_ == nullptr || document_->intSubset == nullptr || document_->intSubset->entities == nullptr)
+        return true;
+    std::size_t budget = limit;
+    const xml_node top = root();
+    for (xml_node element = top; element && budget > 0; element = next_in_document(element, top)) {
+        charge_entities(element.get(), budget);
+        for (const xmlAttr* attribute = element.get()->properties; attribute != nullptr;
+             attribute = attribute->next)
+            charge_entities(reinterpret_cast<const xmlNode*>(attribute), budget);
+    }
+    return budget > 0;
 }
 
 void xml_document::free_document::operator()(_xmlDoc* document) const

@@ -111,6 +111,9 @@ public:
     /// otherwise of what stands first (a comment's is "comment").
     std::string first_node_name() const;
 
+    /// Whether all references to entities together stand for `limit` bytes of text at most.
+    bool entities_stay_within(std::size_t limit) const;
+
     /// Gives the memory up to the end of the process: a program that is about to leave saves the walk over
     /// millions of nodes.
     void leave_to_process_end() { (void)document_.release(); }

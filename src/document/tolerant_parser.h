@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "document/xml_node.h"
+
+#include <cstddef>
+#include <functional>
+#include <string>
+
+namespace tallyframe {
+
+/// Something that the parser complains about.
+struct xml_error {
+    int line; ///< counted from 1; 0 when unknown
+    bool is_fatal; ///< the document is not well-formed
+    bool is_limit; ///< well-formed or not, the parser takes no document of this shape
+    std::string printable; ///< "12:40: ERROR: what is wrong"
+};
+using xml_error_handler = std::function<void(const xml_error&)>;
+
+/// Puts the next bytes of a document, `size` at most, into `buffer`; their number, 0 at the end. What it
+/// throws ends the parse.
+using byte_source = std::function<std::size_t(char* buffer, std::size_t size)>;
+
+/// Texts that hold nothing but blanks and only lay out the markup.
+enum class blank_texts { dropped, kept };
+
+/// Parses what `source` brings and goes on after errors as far as possible; none when there is not even a
+/// document to begin with. Tells `handle_error` of every error as it is met. Opens no other file and no
+/// connection, whatever the document asks for.
+xml_document parse_tolerantly(const byte_source& source, blank_texts blanks,
+                              const xml_error_handler& handle_error);
+
+} // namespace tallyframe

@@ -1,0 +1,205 @@
+// SPDX-License-Identifier: MIT
+// Documents that are made to crash, to fill the memory or to look around outside of them.
+#include "document/sequence_catalogue.h"
+#include "platform/failures.h"
+#include "support/parsed_text.h"
+#include "support/temporary_folder.h"
+
+#include <arpa/inet.h>
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <fstream>
+#include <random>
+
+namespace tallyframe {
+
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+using testing::ThrowsMessage;
+using testing_support::parsed_text;
+
+const std::string small_document =
+    "\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE xmeml>\n"
+    "<xmeml version=\"5\">\n<bin><children><clip id=\"Caf\xC3\xA9\"><media/><labels/>"
+    "</clip></children></bin>\n<sequence id=\"s\"><uuid>U-1</uuid><name>A &amp; B &#13;"
+    "</name>\n<media><video><track><clipitem><file id=\"f\"/><![CDATA[<x>]]></clipitem>"
+    "</track></video></media></sequence>\n<!-- end --></xmeml>\n";
+
+/// Loads and asks everything; what matters is that it comes back, with a result or with a load failure.
+bool loads(const std::string& text)
+{
+    try {
+        const parsed_xml parsed = parsed_text(text);
+        (void)sequence_catalogue(parsed.index);
+        (void)parsed.document.root().text();
+        (void)parsed.document.root().markup();
+        return true;
+    } catch (const load_error&) {
+        return false;
+    }
+}
+
+TEST(hostile_documents, may_end_anywhere)
+{
+    ASSERT_TRUE(loads(small_document));
+    for (std::size_t length = 0; length + 10 < small_document.size(); ++length)
+        EXPECT_FALSE(loads(small_document.substr(0, length))) << length;
+}
+
+TEST(hostile_documents, may_hold_any_byte_anywhere)
+{
+    std::mt19937 random(7); // the same bytes in every run
+    std::uniform_int_distribution<int> byte(0, 255);
+    for (std::size_t position = 0; position < small_document.size(); ++position) {
+        for (const int value : {0x00, 0x0A, 0x22, 0x26, 0x3C, 0x3E, 0xC3, 0xE9, 0xF4, 0xFF, byte(random)}) {
+            std::string damaged = small_document;
+            damaged[position] = static_cast<char>(value);
+            loads(damaged);
+        }
+    }
+}
+
+TEST(hostile_documents, may_lack_any_stretch)
+{
+    for (std::size_t position = 0; position < small_document.size(); ++position) {
+        for (const std::size_t length : {1U, 5U, 40U}) {
+            std::string damaged = small_document;
+            damaged.erase(position, length);
+            loads(damaged);
+        }
+    }
+}
+
+TEST(hostile_documents, may_bring_an_error_in_each_of_many_lines)
+{
+    std::string text = "<xmeml>";
+    for (int i = 0; i < 50'000; ++i)
+        text += "<a b='1' b='2'>\xFF&c;</a>\n";
+    EXPECT_FALSE(loads(text + "</xmeml>"));
+}
+
+TEST(hostile_documents, read_no_file)
+{
+    const testing_support::temporary_folder folder;
+    const std::filesystem::path secret = folder.path() / "secret.txt";
+    std::ofstream(secret) << "do not tell";
+    const std::string url = "file://" + secret.string();
+    const parsed_xml parsed = parsed_text("<!DOCTYPE xmeml SYSTEM \"" + url + "\" [<!ENTITY e SYSTEM \"" + url
+                                          + "\">]><xmeml><name>a&e;b</name></xmeml>");
+    EXPECT_EQ(parsed.document.root().text_of("name"), "ab");
+    EXPECT_THAT(
+        [&] {
+            parsed_text("<!DOCTYPE xmeml [<!ENTITY % p SYSTEM \"" + url
+                        + "\">%p;]><xmeml><name>a</name></xmeml>");
+        },
+        testing::Not(testing::Throws<load_error>()))
+        << "the reference is left out";
+}
+
+/// Listens on a port of this machine that nobody may call.
+class quiet_port {
+public:
+    quiet_port() : socket_(socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK, 0))
+    {
+        sockaddr_in address = {};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t size = sizeof address;
+        auto* const any_address = reinterpret_cast<sockaddr*>(&address);
+        is_listening_ = bind(socket_, any_address, size) == 0 && listen(socket_, 8) == 0
+            && getsockname(socket_, any_address, &size) == 0;
+        number_ = ntohs(address.sin_port);
+    }
+    ~quiet_port() { close(socket_); }
+    quiet_port(const quiet_port&) = delete;
+    quiet_port& operator=(const quiet_port&) = delete;
+
+    bool is_listening() const { return is_listening_; }
+    bool was_called() const { return accept(socket_, nullptr, nullptr) >= 0; }
+    std::string url() const { return "http://127.0.0.1:" + std::to_string(number_) + "/x.dtd"; }
+
+private:
+    int socket_;
+    bool is_listening_ = false;
+    int number_ = 0;
+};
+
+TEST(hostile_documents, make_no_connection)
+{
+    const quiet_port port;
+    ASSERT_TRUE(port.is_listening());
+    loads("<!DOCTYPE xmeml SYSTEM \"" + port.url() + "\"><xmeml><name>a</name></xmeml>");
+    loads("<!DOCTYPE xmeml [<!ENTITY e SYSTEM \"" + port.url() + "\">]><xmeml><name>&e;</name></xmeml>");
+    loads("<!DOCTYPE xmeml [<!ENTITY % p SYSTEM \"" + port.url() + "\">%p;]><xmeml><name>a</name></xmeml>");
+    loads("<!DOCTYPE xmeml SYSTEM \"" + port.url() + "\"><xmeml><name>\x01&u;</name></xmeml>");
+    EXPECT_FALSE(port.was_called());
+}
+
+std::string entities_that_multiply(int levels, const std::string& use)
+{
+    std::string text = "<!DOCTYPE xmeml [<!ENTITY e0 'ha'>";
+    for (int level = 1; level <= levels; ++level) {
+        text += "<!ENTITY e" + std::to_string(level) + " '";
+        for (int i = 0; i < 10; ++i)
+            text += "&e" + std::to_string(level - 1) + ";";
+        text += "'>";
+    }
+    return text + "]><xmeml>" + use + "</xmeml>";
+}
+
+TEST(hostile_documents, are_refused_when_their_entities_multiply)
+{
+    EXPECT_FALSE(loads(entities_that_multiply(12, "<name>&e12;</name>")));
+    EXPECT_FALSE(loads(entities_that_multiply(12, "<name id='&e12;'/>")));
+    EXPECT_TRUE(loads(entities_that_multiply(2, "<name id='&e2;'>&e2;</name>")));
+}
+
+TEST(hostile_documents, are_refused_when_one_long_entity_is_used_too_often)
+{
+    std::string uses;
+    for (int i = 0; i < 2000; ++i)
+        uses += "<name>&e;</name>";
+    const std::string text =
+        "<!DOCTYPE xmeml [<!ENTITY e '" + std::string(100'000, 'x') + "'>]><xmeml>" + uses + "</xmeml>";
+    EXPECT_THROW(parsed_text(text), load_error);
+}
+
+TEST(hostile_documents, are_refused_when_an_entity_calls_itself)
+{
+    EXPECT_FALSE(
+        loads("<!DOCTYPE xmeml [<!ENTITY a '&b;'><!ENTITY b '&a;'>]><xmeml><name>&a;</name></xmeml>"));
+    EXPECT_FALSE(
+        loads("<!DOCTYPE xmeml [<!ENTITY a '&b;'><!ENTITY b '&a;'>]><xmeml><name id='&a;'/></xmeml>"));
+}
+
+TEST(hostile_documents, are_refused_with_a_sentence_when_nested_too_deep)
+{
+    std::string text;
+    for (int i = 0; i < 100'000; ++i)
+        text += "<a>";
+    EXPECT_THAT([&] { parsed_text(text); }, ThrowsMessage<load_error>(HasSubstr("256 deep")));
+}
+
+TEST(hostile_documents, are_refused_with_a_sentence_when_a_text_is_too_long)
+{
+    const std::string name(10'485'760, 'x');
+    EXPECT_THAT([&] { parsed_text("<xmeml><name>" + name + "</name><name>b</name></xmeml>"); },
+                ThrowsMessage<load_error>(HasSubstr("10 million")));
+}
+
+TEST(hostile_documents, may_hold_names_of_megabytes)
+{
+    const std::string name(9'000'000, 'x');
+    EXPECT_EQ(parsed_text("<xmeml><name>" + name + "</name></xmeml>").document.root().text_of("name"), name);
+}
+
+} // namespace
+
+} // namespace tallyframe

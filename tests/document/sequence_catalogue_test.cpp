@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#include "document/sequence_catalogue.h"
+#include "platform/failures.h"
+#include "support/parsed_text.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tallyframe {
+
+namespace {
+
+using entries = std::vector<catalogue_entry>;
+
+entries catalogue_of(const std::string& inside)
+{
+    return sequence_catalogue(testing_support::parsed_text("<xmeml>" + inside + "</xmeml>").index);
+}
+
+std::string sequence(const std::string& uuid, const std::string& name)
+{
+    return "<sequence><uuid>" + uuid + "</uuid><name>" + name + "</name></sequence>";
+}
+
+const catalogue_entry bin_clips = {"Bin Clips", ""};
+const catalogue_entry separator = {"", "----------"};
+const std::string loose_clip = "<bin><children><clip id=\"c\"/></children></bin>";
+
+TEST(sequence_catalogue, lists_bin_clips_a_separator_and_every_sequence)
+{
+    EXPECT_EQ(catalogue_of(sequence("u1", "Reel 1") + loose_clip + sequence("u2", "Reel 2")),
+              (entries{bin_clips, separator, {"Reel 1", "u1"}, {"Reel 2", "u2"}}));
+}
+
+TEST(sequence_catalogue, has_no_separator_when_one_kind_is_missing)
+{
+    EXPECT_EQ(catalogue_of(loose_clip + loose_clip), entries{bin_clips});
+    EXPECT_EQ(catalogue_of(sequence("u1", "Reel 1")), (entries{{"Reel 1", "u1"}}));
+}
+
+TEST(sequence_catalogue, is_empty_for_a_document_with_neither)
+{
+    EXPECT_EQ(catalogue_of("<clip/><sequence><name>no uuid</name></sequence>"), entries{});
+}
+
+TEST(sequence_catalogue, finds_nested_sequences_in_document_order)
+{
+    const std::string inner = sequence("inner", "Inner");
+    EXPECT_EQ(catalogue_of("<bin><children>" + inner + "</children></bin><sequence><media><video>"
+                           + sequence("deep", "Deep")
+                           + "</video></media><uuid>outer</uuid><name>Outer</name></sequence>"),
+              (entries{{"Inner", "inner"}, {"Deep", "deep"}, {"Outer", "outer"}}));
+}
+
+TEST(sequence_catalogue, lists_two_sequences_of_one_name)
+{
+    EXPECT_EQ(catalogue_of(sequence("u1", "Cut") + sequence("u2", "Cut")),
+              (entries{{"Cut", "u1"}, {"Cut", "u2"}}));
+}
+
+TEST(sequence_catalogue, takes_the_first_name_as_it_is_written)
+{
+    EXPECT_EQ(
+        catalogue_of("<sequence><media><name>not this</name></media><name> A &amp; <![CDATA[<B>]]>\n</name>"
+                     "<name>nor this</name><uuid>u</uuid></sequence>"),
+        (entries{{" A & <B>\n", "u"}}));
+}
+
+TEST(sequence_catalogue, fails_for_a_sequence_without_a_name)
+{
+    EXPECT_THAT([] { catalogue_of("<sequence><uuid>u7</uuid></sequence>"); },
+                testing::ThrowsMessage<load_error>(R"(The sequence "u7" has no name.)"));
+}
+
+TEST(catalogue_entry, tells_the_separator)
+{
+    EXPECT_TRUE(separator.is_separator());
+    EXPECT_FALSE(bin_clips.is_separator());
+}
+
+} // namespace
+
+} // namespace tallyframe
