@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "analysis/analysis_result.h"
+#include "document/document_index.h"
+#include "document/xml_node.h"
+#include "media/media_files.h"
+#include "platform/diagnostics.h"
+#include "platform/progress.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace tallyframe {
+
+/// What the analyses of all items share while the tracks are walked.
+struct analysis_walk {
+    const document_index& index;
+    const file_catalogue& files;
+    diagnostics& out;
+    progress& display;
+    analysis_result& result; ///< its header is complete, its records grow
+    std::int64_t sequence_start_frame; ///< 0 outside sequences
+
+    /// First source frame of the last clip that had media. Markers of a clip without media count from it.
+    std::optional<double> src_start_frame;
+};
+
+/// A track on the walk.
+struct track_context {
+    xml_node track;
+    std::string label; ///< "V1"; outside sequences always number 1
+    std::string name; ///< empty, or a blank and the name
+    std::string enabled; ///< "TRUE", "FALSE" or what the document has, in upper case
+    xml_node bin_clip; ///< outside sequences: the clip that owns the track
+    std::optional<std::string> bin; ///< outside sequences: the name of the bin that holds the clip
+};
+
+/// The place of an item that covers the frames from `start` up to `end` (exclusive) of the sequence.
+track_position position_of(const analysis_walk& walk, const track_context& track, std::int64_t start,
+                           std::int64_t end);
+
+/// Text of a child that every item of its kind must have. Throws analysis_error with a sentence that names
+/// the child, the item and its track.
+std::string required_text(const track_context& track, xml_node item, std::string_view child);
+
+/// "The clip "Interview 3" on track V2", for such sentences.
+std::string description_of(const track_context& track, xml_node item);
+
+} // namespace tallyframe

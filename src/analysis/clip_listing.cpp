@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#include "analysis/clip_listing.h"
+
+namespace tallyframe {
+
+const file_record* listed_file_of(const analysis_walk& walk, const clip_item& clip)
+{
+    if (!clip.file_id || clip.positions.duration == 0)
+        return nullptr;
+    return walk.files.find(*clip.file_id);
+}
+
+clip_record clip_record_of(const analysis_walk& walk, const track_context& track, const clip_item& clip,
+                           const file_record& file, const source_frames& source)
+{
+    clip_record record;
+    record.track_position::operator=(position_of(walk, track, clip.positions.start, clip.positions.end));
+    record.bin = track.bin;
+    record.name = clip.name;
+    record.src_start_frame = source.first;
+    record.src_end_frame = source.last;
+    if (source.first && source.last)
+        record.src_length = *source.last - *source.first + 1;
+    record.fcp_rate = file.fcp_rate;
+    record.displayformat = file.displayformat;
+    record.notes = clip.notes;
+    record.reel_name = file.reel_name;
+    record.path = file.path;
+    record.enabled = clip.enabled;
+    return record;
+}
+
+generator_record generated_clip_record_of(const analysis_walk& walk, const track_context& track,
+                                          const clip_item& clip, std::string_view type)
+{
+    generator_record record;
+    record.track_position::operator=(position_of(walk, track, clip.positions.start, clip.positions.end));
+    record.name = clip.name;
+    record.type = type;
+    record.enabled = clip.enabled;
+    return record;
+}
+
+void drop_overlapped_clips(const analysis_walk& walk, const track_context& track, const clip_item& clip,
+                           std::vector<clip_record>& records)
+{
+    if (!walk.result.is_sequence || clip.element.previous_element().has_name("transitionitem"))
+        return;
+    const std::int64_t seq_start_frame = clip.positions.start + walk.sequence_start_frame;
+    while (!records.empty() && records.back().track == track.label
+           && seq_start_frame <= records.back().seq_end_frame) {
+        walk.out.write(
+            "\"sanity check for clips progressing in a track, progressing_track_clips = false\"\n");
+        records.pop_back();
+    }
+}
+
+} // namespace tallyframe

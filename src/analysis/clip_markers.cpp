@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "analysis/clip_markers.h"
+
+#include "analysis/frame_numbers.h"
+#include "media/markers.h"
+
+#include <functional>
+#include <unordered_set>
+
+namespace tallyframe {
+
+namespace {
+
+struct marker_hash_of_all_fields {
+    std::size_t operator()(const clip_marker_record* marker) const
+    {
+        std::size_t hash = 0;
+        const auto add = [&hash](const auto&... fields) {
+            ((hash = hash * 1099511628211U + std::hash<std::decay_t<decltype(fields)>>{}(fields)), ...);
+        };
+        add(marker->name, marker->type, marker->comment, marker->in_point, marker->in_frame,
+            marker->out_point, marker->out_frame, marker->duration, marker->color, marker->track,
+            marker->track_name, marker->clip_name, marker->enabled, marker->src_in_frame,
+            marker->src_out_frame);
+        return hash;
+    }
+};
+
+struct equal_markers {
+    bool operator()(const clip_marker_record* a, const clip_marker_record* b) const { return *a == *b; }
+};
+
+} // namespace
+
+void add_clip_markers(const analysis_walk& walk, const track_context& track, const clip_item& clip,
+                      double speed, std::vector<clip_marker_record>& records)
+{
+    const std::int64_t scaled_in = rounded_frames(static_cast<double>(clip.positions.in) * speed / 100);
+    const std::int64_t scaled_out = rounded_frames(static_cast<double>(clip.positions.out) * speed / 100);
+    for (const xml_node element : clip.markers) {
+        clip_marker_record marker;
+        marker.marker_record::operator=(marker_hash(element, walk.sequence_start_frame));
+        // The same margin on both sides, so that a marker on the last two frames in use is left out.
+        constexpr std::int64_t margin = 2;
+        if (marker.in_point < scaled_in - margin || marker.out_point > scaled_out - margin)
+            continue;
+        marker.track = track.label;
+        marker.track_name = track.name;
+        marker.clip_name = clip.name;
+        marker.enabled = clip.enabled;
+        marker.in_frame = clip.positions.start + (marker.in_frame - scaled_in);
+        marker.out_frame = marker.in_frame + marker.duration;
+        if (walk.src_start_frame) {
+            // Counted from the place in the sequence, as older lists have it.
+            marker.src_in_frame = *walk.src_start_frame + static_cast<double>(marker.in_frame - scaled_in);
+            marker.src_out_frame = *marker.src_in_frame + static_cast<double>(marker.duration);
+        }
+        records.push_back(std::move(marker));
+    }
+}
+
+void remove_duplicates(std::vector<clip_marker_record>& records)
+{
+    std::unordered_set<const clip_marker_record*, marker_hash_of_all_fields, equal_markers> seen;
+    seen.reserve(records.size());
+    // Each record is moved to its final place before it is remembered there.
+    std::size_t kept = 0;
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        if (seen.contains(&records[i]))
+            continue;
+        if (kept != i)
+            records[kept] = std::move(records[i]);
+        seen.insert(&records[kept]);
+        ++kept;
+    }
+    records.resize(kept);
+}
+
+} // namespace tallyframe

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+#include "analysis/source_frames.h"
+
+#include "analysis/clip_effects.h"
+#include "document/text_values.h"
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <numeric>
+
+namespace tallyframe {
+
+namespace {
+
+std::optional<double> if_finite(double number)
+{
+    return std::isfinite(number) ? std::optional(number) : std::nullopt;
+}
+
+} // namespace
+
+source_frames source_frames_of(const clip_item& clip, const file_record& file,
+                               std::optional<frame_rate> seq_fcp_rate)
+{
+    const clip_positions& positions = clip.positions;
+    const std::optional<std::int64_t> media_duration =
+        file.src_duration ? file.src_duration : positions.duration;
+
+    source_frames source;
+    // A clip as long as its media is taken to run at 100%, whatever its time remap says: editing systems
+    // write speeds there that are not in force.
+    if (media_duration != positions.duration) {
+        if (const xml_node speed = time_remap_value(clip.effects, "speed"))
+            source.speed = std::abs(leading_number(speed.text()));
+    }
+    const xml_node reverse = time_remap_value(clip.effects, "reverse");
+    source.is_reversed = reverse && !reverse.text_is("FALSE");
+
+    double to_media_rate = 1;
+    double from_sequence_rate = 1;
+    if (seq_fcp_rate && file.fcp_rate
+        && seq_fcp_rate->frames_per_second != file.fcp_rate->frames_per_second) {
+        from_sequence_rate = seq_fcp_rate->frames_per_second;
+        to_media_rate = file.fcp_rate->frames_per_second;
+    }
+    const auto media_frames = [&](std::int64_t frames) {
+        return static_cast<double>(frames) / from_sequence_rate * to_media_rate;
+    };
+    const double offset = media_frames(positions.start_offset);
+    const double in = rounded((media_frames(positions.in) + offset) * source.speed / 100);
+    const double out = rounded((media_frames(positions.out) + offset) * source.speed / 100);
+
+    const double media_start = file.timecode_frame;
+    if (source.is_reversed) {
+        // One frame more than the same clip forwards: editors compare against older lists.
+        const auto duration = static_cast<double>(media_duration.value_or(positions.out));
+        source.last = if_finite(media_start + duration - in + 1);
+        source.first = if_finite(media_start + duration - out + 1);
+    } else {
+        source.first = if_finite(media_start + in);
+        source.last = if_finite(media_start + out - 1);
+    }
+    return source;
+}
+
+std::optional<rational> image_time_of(const source_frames& source, const file_record& file)
+{
+    if (!source.first || !file.fcp_rate)
+        return std::nullopt;
+    const auto nominal = nominal_rate(file.fcp_rate->frames_per_second);
+    if (!nominal)
+        return std::nullopt;
+    // NTSC rates are 1000/1001 of a whole rate.
+    const std::int64_t numerator_step = file.fcp_rate->is_floating ? 1001 : 1;
+    const std::int64_t denominator = *nominal * (file.fcp_rate->is_floating ? 1000 : 1);
+
+    const double frames = rounded(*source.first - file.timecode_frame);
+    constexpr double most_frames = static_cast<double>(std::numeric_limits<std::int64_t>::max() / 1024);
+    if (!(std::abs(frames) < most_frames))
+        return std::nullopt;
+    const std::int64_t numerator = static_cast<std::int64_t>(frames) * numerator_step;
+    const std::int64_t divisor = std::gcd(numerator, denominator);
+    return rational{numerator / divisor, denominator / divisor};
+}
+
+} // namespace tallyframe

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "analysis/clip_item.h"
+#include "analysis/clip_record.h"
+#include "media/media_files.h"
+#include "timecode/frame_rates.h"
+
+#include <optional>
+
+namespace tallyframe {
+
+/// The part of its media that a clip shows, in frames of the media's own timecode at the media's rate.
+struct source_frames {
+    std::optional<double> first; ///< nothing when a hostile speed or rate leaves no finite number
+    std::optional<double> last; ///< inclusive
+    double speed = 100; ///< percent, always positive
+    bool is_reversed = false;
+};
+
+/// `seq_fcp_rate`: nothing for a clip of a bin, whose positions count at the media's rate already.
+source_frames source_frames_of(const clip_item& clip, const file_record& file,
+                               std::optional<frame_rate> seq_fcp_rate);
+
+/// The first source frame in seconds from the start of the media. Nothing without a usable rate, or when the
+/// fraction does not fit.
+std::optional<rational> image_time_of(const source_frames& source, const file_record& file);
+
+} // namespace tallyframe

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#include "support/analyzed_document.h"
+
+namespace tallyframe::testing {
+
+analyzed_document::analyzed_document(std::string_view text, std::string_view uuid, std::string_view scope)
+    : document(parsed_document(text)), index(document)
+{
+    analyze_again(uuid, scope);
+}
+
+void analyzed_document::analyze_again(std::string_view uuid, std::string_view scope)
+{
+    out = {};
+    display = {};
+    result = analyze(index, uuid, scope, video_checkboxes, audio_checkboxes, out, display);
+}
+
+} // namespace tallyframe::testing
