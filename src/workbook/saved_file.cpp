@@ -135,9 +135,46 @@ std::string reason_of(int error)
 
 } // namespace
 
+#ifdef XLS_HAS_POSIX
+
+struct signal_pause::state {
+    sigset_t signals;
+};
+
+signal_pause::signal_pause() : before_(std::make_unique<state>())
+{
+    sigset_t ending;
+    sigemptyset(&ending);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGXFSZ})
+        sigaddset(&ending, signal);
+    pthread_sigmask(SIG_BLOCK, &ending, &before_->signals);
+}
+
+signal_pause::~signal_pause()
+{
+    // A file that grew too large has been reported as a failed write. It must not end the program as well.
+    sigset_t too_large;
+    sigemptyset(&too_large);
+    sigaddset(&too_large, SIGXFSZ);
+    sigset_t waiting;
+    if (int signal = 0; sigpending(&waiting) == 0 && sigismember(&waiting, SIGXFSZ) == 1)
+        sigwait(&too_large, &signal);
+    pthread_sigmask(SIG_SETMASK, &before_->signals, nullptr);
+}
+
+#else
+
+struct signal_pause::state { };
+signal_pause::signal_pause() = default;
+signal_pause::~signal_pause() = default;
+
+#endif
+
 saved_file::saved_file(const fs::path& target) : target_(target), real_target_(behind_links(target))
 {
     std::error_code error;
+    if (fs::is_symlink(real_target_, error))
+        fail(ELOOP);
     const auto status = fs::status(real_target_, error);
     if (fs::is_directory(status))
         refuse(target_, "there is a folder of this name. Choose another name.");

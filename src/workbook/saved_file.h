@@ -7,6 +7,20 @@
 
 namespace xls {
 
+/// While it lives, signals that would end the program wait (in this thread), so that none of them leaves a
+/// file half-way.
+class signal_pause {
+public:
+    signal_pause();
+    ~signal_pause();
+    signal_pause(const signal_pause&) = delete;
+    signal_pause& operator=(const signal_pause&) = delete;
+
+private:
+    struct state;
+    std::unique_ptr<state> before_;
+};
+
 /// A file that comes into being whole or not at all: it is written beside the target and then takes its
 /// place. Unless publish succeeds the target stays as it is and the new file vanishes.
 ///
@@ -34,6 +48,7 @@ private:
     };
     void open_beside();
 
+    signal_pause signals_; ///< first in, last out: the file is cleared away before they act
     std::filesystem::path target_;
     std::filesystem::path real_target_; ///< what target_ links to
     std::filesystem::path beside_; ///< the new file while it is not published

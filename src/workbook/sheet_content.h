@@ -2,6 +2,7 @@
 #pragma once
 
 #include "workbook/cell_table.h"
+#include "workbook/drawing.h"
 #include "workbook/sheet_records.h"
 
 #include <array>
@@ -20,6 +21,7 @@ struct sheet_content {
     std::array<std::optional<records::column_description>, column_limit> columns{};
     std::vector<std::optional<std::uint16_t>> row_heights; ///< by row, in twips; may end before the last row
     records::frozen_panes frozen;
+    std::vector<placed_picture> pictures;
     std::size_t rows_wanted = 0; ///< behind the last row written, kept or not
     std::size_t columns_wanted = 0;
 };

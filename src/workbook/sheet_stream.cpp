@@ -7,6 +7,7 @@
 //     COLINFO ...
 //     DIMENSIONS
 //     ROW ... cells ... DBCELL    for each 32 rows, from the first rows in use to the last
+//     MSODRAWING, OBJ ...         for each picture
 //     WINDOW2
 //     PANE, SELECTION ...
 //     EOF
@@ -51,9 +52,8 @@ const row_block& block_at(const cell_table& cells, std::size_t number)
 
 } // namespace
 
-sheet_stream::sheet_stream(const sheet_content& content, const format_table& formats, bool selected,
-                           std::size_t position)
-    : content_(content), height_of_xf_(formats.row_heights())
+sheet_stream::sheet_stream(const sheet_content& content, const sheet_frame& frame)
+    : content_(content), height_of_xf_(frame.formats.row_heights())
 {
     const auto rows = std::max(content.cells.blocks().size() * rows_per_block, content.row_heights.size());
     for (std::size_t row = 0; row < rows; ++row) {
@@ -64,8 +64,9 @@ sheet_stream::sheet_stream(const sheet_content& content, const format_table& for
         end_block_ = row / rows_per_block + 1;
         end_row_ = row + 1;
     }
-    write_head(position);
-    records::window2(tail_, content.frozen, selected);
+    write_head(frame.position);
+    write_drawing(tail_, content.pictures, frame.shapes, frame.pictures, sizes_in_pixels());
+    records::window2(tail_, content.frozen, frame.selected);
     records::panes(tail_, content.frozen);
     records::eof(tail_);
     size_ += tail_.size();
@@ -89,6 +90,22 @@ std::uint16_t sheet_stream::row_height(std::size_t row) const
         offset += cell.bytes.size();
     }
     return height;
+}
+
+/// As Excel draws columns on a screen of 96 dots an inch: a digit of Arial 10 is 7 pixels wide.
+cell_sizes sheet_stream::sizes_in_pixels() const
+{
+    constexpr std::uint32_t default_column_pixels = 64;
+    constexpr std::uint32_t digit = 7;
+    constexpr std::uint32_t rounding = 128 / digit;
+    constexpr std::uint32_t twips_in_pixel = 15;
+    return {
+        .width_of =
+            [this](std::size_t column) {
+                const auto& set = content_.columns[column];
+                return set ? (set->width + rounding) * digit / 256 : default_column_pixels;
+            },
+        .height_of = [this](std::size_t row) -> std::uint32_t { return row_height(row) / twips_in_pixel; }};
 }
 
 std::vector<records::row_description> sheet_stream::stored_rows(std::size_t block) const

@@ -3,6 +3,7 @@
 
 #include "workbook/byte_writer.h"
 #include "workbook/format_table.h"
+#include "workbook/pictures.h"
 #include "workbook/sheet_content.h"
 
 #include <cstddef>
@@ -14,12 +15,20 @@ namespace xls {
 
 using byte_sink = std::function<void(byte_view)>;
 
+/// What a sheet needs to know of its workbook.
+struct sheet_frame {
+    const format_table& formats;
+    const picture_store& pictures;
+    sheet_shapes shapes;
+    bool selected; ///< the sheet that shows when the file is opened
+    std::size_t position; ///< where in the workbook stream the sheet will start
+};
+
 /// A sheet as the file holds it. The cells stay where they are until write hands them on.
 class sheet_stream {
 public:
-    /// `position`: where in the workbook stream the sheet will start. `content` must outlive this.
-    sheet_stream(const sheet_content& content, const format_table& formats, bool selected,
-                 std::size_t position);
+    /// `content` must outlive this.
+    sheet_stream(const sheet_content& content, const sheet_frame& frame);
 
     std::size_t size() const { return size_; }
     void write(const byte_sink& sink) const;
@@ -32,6 +41,7 @@ private:
 
     bool row_is_used(std::size_t row) const;
     std::uint16_t row_height(std::size_t row) const;
+    cell_sizes sizes_in_pixels() const;
     std::vector<records::row_description> stored_rows(std::size_t block) const;
     block_sizes sizes_of(std::size_t block) const;
     void write_head(std::size_t position);

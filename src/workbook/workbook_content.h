@@ -2,6 +2,7 @@
 #pragma once
 
 #include "workbook/format_table.h"
+#include "workbook/pictures.h"
 #include "workbook/shared_strings.h"
 #include "workbook/sheet_content.h"
 #include "workbook/workbook.h"
@@ -21,6 +22,7 @@ struct workbook_content {
     std::function<void(std::string_view)> log;
     format_table formats;
     shared_strings strings;
+    picture_store pictures;
     std::vector<std::unique_ptr<sheet_content>> sheets;
     std::vector<std::unique_ptr<worksheet>> worksheets; ///< what the caller writes the sheets through
     std::set<std::string> sheet_name_keys;

@@ -4,6 +4,7 @@
 //     CODEPAGE, WINDOW1, DATEMODE
 //     FONT ... FORMAT ... XF ... STYLE, PALETTE
 //     BOUNDSHEET ...                               the sheets' names and where they start
+//     MSODRAWINGGROUP, CONTINUE ...
 //     SST, CONTINUE ... EXTSST
 //     EOF
 //     sheet, sheet ...
@@ -21,6 +22,21 @@ namespace {
 
 constexpr std::size_t stream_limit = 0x7F000000; ///< a compound file ends at 2 GB, its own tables included
 
+std::vector<sheet_shapes> shapes_of(const std::vector<std::unique_ptr<sheet_content>>& sheets)
+{
+    std::vector<sheet_shapes> all;
+    std::uint32_t drawing = 0;
+    std::size_t cluster = 1;
+    for (const auto& sheet : sheets) {
+        const auto count = sheet->pictures.empty() ? 0 : sheet->pictures.size() + 1;
+        all.push_back({.drawing = count == 0 ? 0 : ++drawing,
+                       .first_shape = static_cast<std::uint32_t>(cluster * shapes_in_cluster),
+                       .count = static_cast<std::uint32_t>(count)});
+        cluster += (count + shapes_in_cluster - 1) / shapes_in_cluster;
+    }
+    return all;
+}
+
 } // namespace
 
 workbook_stream::workbook_stream(const workbook_content& content)
@@ -33,13 +49,21 @@ workbook_stream::workbook_stream(const workbook_content& content)
     std::vector<std::size_t> position_offsets;
     for (const auto& sheet : content.sheets)
         position_offsets.push_back(records::bound_sheet(globals_, to_utf16(sheet->name)));
+    const auto shapes = shapes_of(content.sheets);
+    if (content.pictures.size() != 0)
+        content.pictures.write(globals_, shapes);
     content.strings.write(globals_);
     records::eof(globals_);
 
     auto position = globals_.size();
     for (const auto& sheet : content.sheets) {
         globals_.patch_u32(position_offsets[sheets_.size()], static_cast<std::uint32_t>(position));
-        sheets_.emplace_back(*sheet, content.formats, sheets_.empty(), position);
+        sheets_.emplace_back(*sheet,
+                             sheet_frame{.formats = content.formats,
+                                         .pictures = content.pictures,
+                                         .shapes = shapes[sheets_.size()],
+                                         .selected = sheets_.empty(),
+                                         .position = position});
         position += sheets_.back().size();
         if (position > stream_limit)
             throw workbook_error(

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <utility>
 
 namespace xls {
 
@@ -103,6 +104,18 @@ void worksheet::freeze_panes(std::size_t row, std::size_t column)
 {
     sheet_.frozen = {.rows = static_cast<std::uint16_t>(std::min(row, row_limit - 1)),
                      .columns = static_cast<std::uint16_t>(std::min(column, column_limit - 1))};
+}
+
+void worksheet::insert_image(std::size_t row, std::size_t column, const std::filesystem::path& picture)
+{
+    constexpr std::size_t picture_limit = 0xFFFF;
+    auto file = read_picture_file(picture);
+    if (!takes(sheet_, row, column))
+        return;
+    if (sheet_.pictures.size() == picture_limit)
+        throw workbook_error("The sheet \"" + sheet_.name + "\" holds 65,535 pictures, and no more.");
+    sheet_.pictures.push_back({static_cast<std::uint16_t>(row), static_cast<std::uint16_t>(column),
+                               book_.pictures.add(std::move(file))});
 }
 
 } // namespace xls
