@@ -3,8 +3,6 @@
 
 #include "workbook/byte_writer.h"
 
-#include <optional>
-
 namespace xls {
 
 /// The record kinds of BIFF8 that a workbook needs, by their numbers in [MS-XLS] 2.3.
@@ -49,48 +47,45 @@ inline constexpr std::size_t record_limit = 8224; ///< most bytes behind a recor
 
 /// Writes a record's header, and when it ends, the length of what was written since.
 ///
-///     +---------+---------+----------------------+
+///     +---------+---------+-----------------------+
 ///     | id: u16 | n: u16  | n bytes, at most 8224 |
-///     +---------+---------+----------------------+
+///     +---------+---------+-----------------------+
 class record {
 public:
-    record(byte_writer& out, record_id id) : out_(out)
-    {
-        out.u16(static_cast<std::uint16_t>(id));
-        out.u16(0);
-        start_ = out.size();
-    }
-    ~record() { out_.patch_u16(start_ - 2, static_cast<std::uint16_t>(size())); }
+    record(byte_writer& out, record_id id) : out_(out) { begin(id); }
+    ~record() { end(); }
     record(const record&) = delete;
     record& operator=(const record&) = delete;
 
     std::size_t size() const { return out_.size() - start_; }
 
+protected:
+    void begin(record_id id)
+    {
+        out_.u16(static_cast<std::uint16_t>(id));
+        out_.u16(0);
+        start_ = out_.size();
+    }
+    void end() { out_.patch_u16(start_ - sizeof(std::uint16_t), static_cast<std::uint16_t>(size())); }
+
 private:
     byte_writer& out_;
-    std::size_t start_;
+    std::size_t start_ = 0;
 };
 
 /// A record that goes on in CONTINUE records when it is full. Where to break is the caller's to choose.
-class continued_record {
+class continued_record : public record {
 public:
-    continued_record(byte_writer& out, record_id id) : out_(out) { current_.emplace(out, id); }
+    using record::record;
 
-    std::size_t room() const { return record_limit - current_->size(); }
-    std::size_t position() const
-    {
-        return record_header_size + current_->size();
-    } ///< from the header's start
+    std::size_t room() const { return record_limit - size(); }
+    std::size_t position() const { return record_header_size + size(); } ///< from the header's start
 
     void next()
     {
-        current_.reset();
-        current_.emplace(out_, record_id::continuation);
+        end();
+        begin(record_id::continuation);
     }
-
-private:
-    byte_writer& out_;
-    std::optional<record> current_;
 };
 
 } // namespace xls

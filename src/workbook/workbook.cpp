@@ -19,7 +19,7 @@ std::string with_thousands(std::size_t number)
     constexpr std::size_t group = 3;
     auto digits = std::to_string(number);
     for (auto end = digits.size(); end > group; end -= group)
-        digits.insert(end - group, ",");
+        digits.insert(end - group, 1, ',');
     return digits;
 }
 
