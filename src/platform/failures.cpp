@@ -7,8 +7,8 @@ namespace tallyframe {
 
 std::string failure::location_trace() const
 {
-    return std::filesystem::path(where_.file_name()).filename().string() + ":" + std::to_string(where_.line())
-        + " in " + where_.function_name();
+    return std::filesystem::path(where_.file).filename().string() + ":" + std::to_string(where_.line) + " in "
+        + where_.function;
 }
 
 } // namespace tallyframe

@@ -1,16 +1,29 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <source_location>
 #include <stdexcept>
 #include <string>
 
 namespace tallyframe {
 
+/// A place in the program; as a default argument, `current()` is the place of the call. (The standard library
+/// offers the like of it to newer compilers only than those that this program builds with.)
+struct source_place {
+    const char* file = "";
+    int line = 0;
+    const char* function = "";
+
+    static constexpr source_place current(const char* file = __builtin_FILE(), int line = __builtin_LINE(),
+                                          const char* function = __builtin_FUNCTION())
+    {
+        return {file, line, function};
+    }
+};
+
 /// A failure whose message is meant for the user, with the place in the program where it was raised.
 class failure : public std::runtime_error {
 public:
-    explicit failure(const std::string& message, std::source_location where = std::source_location::current())
+    explicit failure(const std::string& message, source_place where = source_place::current())
         : std::runtime_error(message), where_(where)
     {
     }
@@ -19,7 +32,7 @@ public:
     std::string location_trace() const;
 
 private:
-    std::source_location where_;
+    source_place where_;
 };
 
 /// The document cannot be loaded. The two that every host tells apart are these messages exactly.
@@ -39,7 +52,7 @@ public:
 /// The user has stopped the run.
 class run_cancelled : public failure {
 public:
-    explicit run_cancelled(std::source_location where = std::source_location::current())
+    explicit run_cancelled(source_place where = source_place::current())
         : failure("The run was stopped.", where)
     {
     }
