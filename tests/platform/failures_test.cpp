@@ -20,8 +20,7 @@ TEST(failure, carries_its_message_and_the_place_where_it_was_raised)
         FAIL() << "nothing was thrown";
     } catch (const failure& error) {
         EXPECT_STREQ(error.what(), "not xmeml");
-        EXPECT_THAT(error.location_trace(),
-                    testing::MatchesRegex("failures_test\\.cpp:1[0-9] in refuse"));
+        EXPECT_THAT(error.location_trace(), testing::MatchesRegex("failures_test\\.cpp:1[0-9] in refuse"));
     }
 }
 
