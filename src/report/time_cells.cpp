@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include "report/time_cells.h"
+
+#include "timecode/clock_and_seconds.h"
+#include "timecode/feet_and_frames.h"
+#include "timecode/to_timecode.h"
+
+#include <algorithm>
+
+namespace tallyframe {
+
+namespace {
+
+cell_value number_or_no_cell(std::optional<double> number)
+{
+    if (!number)
+        return {};
+    return *number;
+}
+
+} // namespace
+
+std::vector<time_format> in_column_order(const std::vector<time_format>& chosen)
+{
+    std::vector<time_format> formats;
+    for (const time_format_name& entry : time_formats) {
+        if (std::find(chosen.begin(), chosen.end(), entry.format) != chosen.end())
+            formats.push_back(entry.format);
+    }
+    return formats;
+}
+
+std::int64_t adjustment_of(const time_adjustments& adjustments, time_format format)
+{
+    switch (format) {
+    case time_format::timecode:
+        return adjustments.hhmmssff_adj;
+    case time_format::clock:
+        return adjustments.clock_adj;
+    case time_format::frames:
+        return adjustments.frames_adj;
+    case time_format::feet_and_frames:
+        return adjustments.feetframes_adj;
+    case time_format::seconds:
+        return adjustments.seconds_adj;
+    }
+    return 0;
+}
+
+std::string adjusted_header(std::string_view header, std::int64_t adjustment)
+{
+    std::string text(header);
+    if (adjustment != 0)
+        text += (adjustment > 0 ? " +" : " ") + std::to_string(adjustment);
+    return text;
+}
+
+cell_kind time_cell_kind(time_format format)
+{
+    switch (format) {
+    case time_format::frames:
+        return cell_kind::whole_number;
+    case time_format::seconds:
+        return cell_kind::decimal;
+    default:
+        return cell_kind::text;
+    }
+}
+
+cell_value time_cell(time_format format, std::optional<double> frames, std::optional<double> rate,
+                     std::string_view displayformat)
+{
+    switch (format) {
+    case time_format::timecode:
+        return to_timecode(frames, rate, displayformat);
+    case time_format::clock:
+        return to_clock(to_seconds(frames, rate));
+    case time_format::frames:
+        return number_or_no_cell(frames);
+    case time_format::feet_and_frames:
+        return to_feet_and_frames(frames);
+    case time_format::seconds:
+        return number_or_no_cell(to_seconds(frames, rate));
+    }
+    return {};
+}
+
+cell_value sequence_timecode(std::optional<double> frames, const sequence_clock& clock)
+{
+    return to_timecode(frames, clock.seq_fcp_rate, clock.seq_displayformat);
+}
+
+cell_value sequence_timecode(std::int64_t frames, const sequence_clock& clock)
+{
+    return sequence_timecode(std::optional(static_cast<double>(frames)), clock);
+}
+
+} // namespace tallyframe
