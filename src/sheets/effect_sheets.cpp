@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: MIT
+#include "sheets/effect_sheets.h"
+
+#include "report/shared_rows.h"
+#include "report/sheet_set.h"
+#include "report/time_cells.h"
+#include "sheets/table_sheet.h"
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+namespace tallyframe {
+
+namespace {
+
+template <class Record>
+cell_value sequence_in(const Record& item, const row_context& row)
+{
+    return sequence_timecode(item.seq_start_frame, row.clock);
+}
+
+template <class Record>
+cell_value sequence_out(const Record& item, const row_context& row)
+{
+    return sequence_timecode(item.seq_end_frame, row.clock);
+}
+
+/// From the first frame to the last: one frame less than the item lasts.
+template <class Record>
+cell_value duration(const Record& item, const row_context& row)
+{
+    const double frames = static_cast<double>(item.seq_end_frame) - static_cast<double>(item.seq_start_frame);
+    return sequence_timecode(std::optional(frames), row.clock);
+}
+
+cell_value check_mark_or_no_cell(const filter_record& filter, const row_context&)
+{
+    if (filter.enabled != "TRUE")
+        return {};
+    return std::string_view("✓");
+}
+
+constexpr fixed_column<transition_record> transition_columns[] = {
+    {"Track", 5, true, track_and_name},
+    {"Transition", 10, true, field_text<&transition_record::name>},
+    {"Sequence In", 11, false, sequence_in},
+    {"Sequence Out", 12, false, sequence_out},
+    {"Duration", timecode_width, false, duration},
+};
+
+constexpr fixed_column<filter_record> filter_columns[] = {
+    {"Track", 5, true, track_and_name},
+    {"Filter", 6, true, field_text<&filter_record::name>},
+    {"Enabled", 7, false, check_mark_or_no_cell, cell_kind::centered},
+    {"Clip Name", 9, true, field_text<&filter_record::clip_name>},
+    {"Sequence In", 11, false, sequence_in},
+    {"Sequence Out", 12, false, sequence_out},
+    {"Duration", timecode_width, false, duration},
+};
+
+constexpr fixed_column<motion_record> motion_columns[] = {
+    {"Track", 5, true, track_and_name},
+    {"Motion", 6, true, field_text<&motion_record::name>},
+    {"Clip Name", 9, true, field_text<&motion_record::clip_name>},
+    {"Sequence In", 11, false, sequence_in},
+    {"Sequence Out", 12, false, sequence_out},
+    {"Duration", timecode_width, false, duration},
+};
+
+/// An effect as the catalogues tell them apart.
+struct distinct_effect {
+    std::string_view name;
+    std::string_view track_letter; ///< empty where the kind of track does not matter
+
+    bool operator<(const distinct_effect& other) const
+    {
+        return std::pair(name, track_letter) < std::pair(other.name, other.track_letter);
+    }
+};
+
+/// The distinct ones sorted by name; equal names keep the order of their first use.
+std::vector<distinct_effect> distinct_by_name(const std::vector<distinct_effect>& uses)
+{
+    std::set<distinct_effect> seen;
+    std::vector<distinct_effect> distinct;
+    for (const distinct_effect& use : uses) {
+        if (seen.insert(use).second)
+            distinct.push_back(use);
+    }
+    std::stable_sort(
+        distinct.begin(), distinct.end(),
+        [](const distinct_effect& left, const distinct_effect& right) { return left.name < right.name; });
+    return distinct;
+}
+
+/// The built-in effects in the colours of their tracks, and those of other makers in red.
+template <class Record>
+std::vector<catalogue> catalogues_of(const std::vector<const Record*>& records,
+                                     std::string_view built_in_title, std::string_view third_party_title,
+                                     const row_formats& formats)
+{
+    std::vector<distinct_effect> built_in;
+    std::vector<distinct_effect> third_party;
+    for (const Record* record : records) {
+        if (record->apple)
+            built_in.push_back({record->name, text_of(record->track).substr(0, 1)});
+        else
+            third_party.push_back({record->name, {}});
+    }
+    catalogue own{built_in_title, {}};
+    for (const distinct_effect& effect : distinct_by_name(built_in))
+        own.entries.push_back(
+            {effect.name, (effect.track_letter == "V" ? formats.video : formats.audio).text_format});
+    catalogue others{third_party_title, {}};
+    for (const distinct_effect& effect : distinct_by_name(third_party))
+        others.entries.push_back({effect.name, formats.red.text_format});
+    return {own, others};
+}
+
+/// The formats of an effect's row. A built-in effect on a video track keeps those of the row before it.
+template <class Record>
+const row_format_set& formats_of_effect(const Record& effect, const row_formats& formats,
+                                        row_format_set& running)
+{
+    if (!effect.apple)
+        running.text_format = formats.red.text_format;
+    else if (is_audio(effect))
+        running.text_format = formats.audio.text_format;
+    return running;
+}
+
+template <class Record>
+void write_effect_sheet(const report_frame& frame, running_report& running, table_sheet<Record> table)
+{
+    table.formats_of_row = [&](const Record& effect) {
+        return formats_of_effect(effect, frame.formats, running.row_formats);
+    };
+    write_table_sheet(frame, running, table);
+}
+
+} // namespace
+
+void write_transitions_sheet(const report_frame& frame, running_report& running)
+{
+    const auto& transitions = frame.rows.transitions;
+    write_effect_sheet<transition_record>(
+        frame, running,
+        {.name = sheet_name(report_sheet::transitions),
+         .columns = columns_of(transition_columns),
+         .records = transitions,
+         .formats_of_row = {},
+         .catalogues =
+             catalogues_of(transitions, "Built-in Transitions", "Third-Party Transitions", frame.formats)});
+}
+
+void write_filters_sheet(const report_frame& frame, running_report& running)
+{
+    const auto& filters = frame.rows.filters;
+    write_effect_sheet<filter_record>(
+        frame, running,
+        {.name = sheet_name(report_sheet::filters),
+         .columns = columns_of(filter_columns),
+         .records = filters,
+         .formats_of_row = {},
+         .catalogues = catalogues_of(filters, "Built-in Filters", "Third-Party Filters", frame.formats)});
+}
+
+void write_motion_sheet(const report_frame& frame, running_report& running)
+{
+    catalogue applied{"Motion Applied", {}};
+    std::set<std::string_view> names;
+    for (const motion_record* motion : frame.rows.motion)
+        names.insert(motion->name);
+    for (const std::string_view name : names)
+        applied.entries.push_back({name, frame.formats.video.text_format});
+
+    write_table_sheet<motion_record>(frame, running,
+                                     {.name = sheet_name(report_sheet::motion_effects),
+                                      .columns = columns_of(motion_columns),
+                                      .records = frame.rows.motion,
+                                      .formats_of_row =
+                                          [&](const motion_record&) {
+                                              running.row_formats.text_format =
+                                                  frame.formats.video.text_format;
+                                              return running.row_formats;
+                                          },
+                                      .catalogues = {applied}});
+}
+
+} // namespace tallyframe

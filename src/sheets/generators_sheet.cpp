@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: MIT
+#include "sheets/generators_sheet.h"
+
+#include "report/sheet_set.h"
+#include "report/time_cells.h"
+#include "sheets/table_sheet.h"
+
+#include <algorithm>
+
+namespace tallyframe {
+
+namespace {
+
+using generator_columns_list = sheet_columns<generator_record>;
+using generator_cell = cell_value (*)(const generator_record&, const row_context&);
+
+/// Frames that an in-point's cell adds. Timecode and frames stay where they are, and the clock runs with the
+/// adjustment of the seconds, whatever the header says.
+std::int64_t in_point_adjustment(const time_adjustments& adjustments, time_format format)
+{
+    switch (format) {
+    case time_format::timecode:
+    case time_format::frames:
+        return 0;
+    case time_format::feet_and_frames:
+        return adjustments.feetframes_adj;
+    default:
+        return adjustments.seconds_adj;
+    }
+}
+
+/// Frames that an out-point's cell adds. Here too the clock runs with the adjustment of the seconds.
+std::int64_t out_point_adjustment(const time_adjustments& adjustments, time_format format)
+{
+    return format == time_format::clock ? adjustments.seconds_adj : adjustment_of(adjustments, format);
+}
+
+double in_point(const generator_record& item)
+{
+    return static_cast<double>(item.seq_start_frame);
+}
+
+double out_point(const generator_record& item)
+{
+    return static_cast<double>(item.seq_end_frame);
+}
+
+/// From the first frame to the last: one frame less than the item lasts.
+double distance_to_last_frame(const generator_record& item)
+{
+    return out_point(item) - in_point(item);
+}
+
+void add_text(generator_columns_list& columns, std::string_view header, std::size_t width, bool widens,
+              generator_cell value)
+{
+    columns.headers.emplace_back(header);
+    columns.widths.push_back(width);
+    columns.cells.push_back({cell_kind::text, widens, value});
+}
+
+void add_time_cells(generator_columns_list& columns, time_format format,
+                    double (*frames)(const generator_record&), std::int64_t adjustment)
+{
+    const auto moved = static_cast<double>(adjustment);
+    columns.cells.push_back({time_cell_kind(format), false,
+                             [format, frames, moved](const generator_record& item, const row_context& row) {
+                                 return time_cell(format, frames(item) + moved, row.clock.seq_fcp_rate,
+                                                  row.clock.seq_displayformat);
+                             }});
+}
+
+/// One width for each time column. The last one's text has a blank more than those before it.
+void add_time_widths(generator_columns_list& columns, std::size_t count, std::string_view others,
+                     std::string_view last)
+{
+    columns.widths.insert(columns.widths.end(), count > 1 ? count - 1 : 0, others.size());
+    columns.widths.push_back(last.size());
+}
+
+} // namespace
+
+sheet_columns<generator_record> generator_columns(const report_options& options,
+                                                  const column_switches& switches)
+{
+    const std::vector<time_format> formats = in_column_order(options.timeline_time_columns);
+    const std::size_t chosen = options.timeline_time_columns.size();
+    const time_adjustments& adjustments = options.adjustments;
+
+    generator_columns_list columns;
+    add_text(columns, "Track", 5, true, track_and_name);
+    add_text(columns, "Clip Name", 9, true, field_text<&generator_record::name>);
+    add_text(columns, "Generator", 9, true, field_text<&generator_record::type>);
+
+    add_time_widths(columns, chosen, "Sequence In +1", "Sequence In + 1");
+    for (const time_format format : formats) {
+        columns.headers.push_back(adjusted_header("Sequence In", adjustment_of(adjustments, format)));
+        add_time_cells(columns, format, in_point, in_point_adjustment(adjustments, format));
+    }
+    add_time_widths(columns, chosen, "Sequence Out +1", "Sequence Out + 1");
+    for (const time_format format : formats) {
+        columns.headers.push_back(adjusted_header("Sequence Out", adjustment_of(adjustments, format)));
+        add_time_cells(columns, format, out_point, out_point_adjustment(adjustments, format));
+    }
+    add_time_widths(columns, chosen, "00:00:00:00", "00:00:00:00");
+    if (switches.is_on(column_switch::clip_duration))
+        columns.headers.insert(columns.headers.end(), chosen, "Duration");
+    for (const time_format format : formats)
+        add_time_cells(columns, format, distance_to_last_frame, 0);
+
+    add_text(columns, "Font", 4, true, field_text<&generator_record::font>);
+    add_text(columns, "Text", 50, false, field_text<&generator_record::text>);
+    return columns;
+}
+
+void write_generators_sheet(const report_frame& frame, running_report& running)
+{
+    running.row_formats = frame.formats.video;
+    write_table_sheet<generator_record>(
+        frame, running,
+        {.name = sheet_name(report_sheet::graphics_and_titles),
+         .columns = generator_columns(frame.options, frame.switches),
+         .records = frame.rows.generators,
+         .formats_of_row = [&](const generator_record&) { return running.row_formats; },
+         .margin = width_margin::after_rows});
+}
+
+} // namespace tallyframe

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/failures.h"
+#include "platform/progress.h"
+
+#include <limits>
+#include <string>
+#include <vector>
+
+namespace tallyframe::testing_support {
+
+/// Notes what a run tells its display, and stops the run at a given step.
+class counting_progress final : public progress {
+public:
+    void begin(std::int64_t progress_bar_length) override { length = progress_bar_length; }
+    void advance(std::string_view) override
+    {
+        if (++steps >= stop_at)
+            throw run_cancelled();
+    }
+    void show_message(std::string_view message) override { messages.emplace_back(message); }
+    void spin(std::string_view message) override { messages.emplace_back(message); }
+    void end() override { ended = true; }
+
+    std::int64_t length = 0;
+    std::int64_t steps = 0;
+    std::int64_t stop_at = std::numeric_limits<std::int64_t>::max();
+    std::vector<std::string> messages;
+    bool ended = false;
+};
+
+} // namespace tallyframe::testing_support
