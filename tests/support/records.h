@@ -110,6 +110,15 @@ inline motion_record motion(const std::string& name, const std::string& track, s
     return record;
 }
 
+inline marker_record sequence_marker(const std::string& name, std::int64_t in_frame)
+{
+    marker_record record;
+    record.name = name;
+    record.in_frame = in_frame;
+    record.out_frame = in_frame;
+    return record;
+}
+
 inline clip_marker_record clip_marker(const std::string& name, const std::string& track,
                                       std::int64_t in_frame)
 {
