@@ -26,15 +26,22 @@
 #include "workbook/workbook.h"
 
 #include <algorithm>
+#include <array>
+#include <cstring>
 #include <functional>
+#include <iterator>
 #include <limits>
 #include <string>
+#include <utility>
 
 namespace xls {
 
 namespace {
 
 constexpr std::size_t text_header_size = 3;
+
+/// An entry of shared_strings is the text's number and its size, both u32, and the text.
+constexpr std::size_t entry_head_size = 8;
 
 std::uint64_t hash_of(std::string_view text)
 {
@@ -72,75 +79,89 @@ constexpr std::size_t least_room = text_header_size + 2 * sizeof(Unit);
 
 } // namespace
 
-std::string_view shared_strings::text(std::uint32_t index) const
-{
-    return {texts_.data() + offsets_[index], offsets_[index + 1] - offsets_[index]};
-}
-
 shared_strings::added shared_strings::add(std::string_view text)
 {
     ++uses_;
     const auto hash = hash_of(text);
-    if (const auto& found = slot_of(text, hash); found.number != 0)
-        return {found.number - 1, false};
+    if (const auto found = slot_of(text, hash).text_start)
+        return {entry_at(found).number, false};
     if (text.size() <= text_limit && is_ascii(text))
         return {insert(text, hash), false};
 
     // Only valid texts are kept, so that what was found above needed no look at its bytes.
     const auto valid = valid_utf8(text, text_limit);
     const auto valid_hash = hash_of(valid.utf8);
-    if (const auto& found = slot_of(valid.utf8, valid_hash); found.number != 0)
-        return {found.number - 1, false};
+    if (const auto found = slot_of(valid.utf8, valid_hash).text_start)
+        return {entry_at(found).number, false};
     return {insert(valid.utf8, valid_hash), valid.cut};
 }
 
-shared_strings::slot& shared_strings::slot_of(std::string_view wanted, std::uint64_t hash)
+shared_strings::stored_text shared_strings::entry_at(std::size_t text_start) const
+{
+    std::array<std::uint32_t, 2> number_and_size{};
+    std::memcpy(number_and_size.data(), entries_.data() + text_start - entry_head_size, entry_head_size);
+    return {number_and_size[0], {entries_.data() + text_start, number_and_size[1]}};
+}
+
+template <class Visitor>
+void shared_strings::for_each(Visitor visit) const
+{
+    for (auto start = entry_head_size; start < entries_.size() + entry_head_size;) {
+        const auto entry = entry_at(start);
+        visit(entry, start);
+        start += entry.text.size() + entry_head_size;
+    }
+}
+
+shared_strings::slot& shared_strings::slot_of(std::string_view text, std::uint64_t hash)
 {
     const auto mask = slots_.size() - 1;
     const auto short_hash = static_cast<std::uint32_t>(hash >> 32);
     for (auto position = hash & mask;; position = (position + 1) & mask) {
         auto& candidate = slots_[position];
-        if (candidate.number == 0 || (candidate.hash == short_hash && text(candidate.number - 1) == wanted))
+        if (candidate.text_start == 0
+            || (candidate.hash == short_hash && entry_at(candidate.text_start).text == text))
             return candidate;
     }
 }
 
 std::uint32_t shared_strings::insert(std::string_view text, std::uint64_t hash)
 {
-    if (texts_.size() + text.size() > std::numeric_limits<std::uint32_t>::max())
+    if (entries_.size() + entry_head_size + text.size() > std::numeric_limits<std::uint32_t>::max())
         throw workbook_error("The texts of the workbook take more than 4 GB, which no .xls file holds.");
-    if (2 * (size() + 1) > slots_.size())
-        rehash(2 * slots_.size());
-    texts_.insert(texts_.end(), text.begin(), text.end());
-    offsets_.push_back(static_cast<std::uint32_t>(texts_.size()));
-    slot_of(text, hash) = {static_cast<std::uint32_t>(hash >> 32), static_cast<std::uint32_t>(size())};
-    return static_cast<std::uint32_t>(size() - 1);
+    if (2 * (size_ + 1) > slots_.size())
+        double_slots();
+    const auto number = static_cast<std::uint32_t>(size_++);
+    const std::array<std::uint32_t, 2> number_and_size{number, static_cast<std::uint32_t>(text.size())};
+    const auto* const head = reinterpret_cast<const char*>(number_and_size.data());
+    auto& free = slot_of(text, hash);
+    entries_.insert(entries_.end(), head, head + entry_head_size);
+    free = {static_cast<std::uint32_t>(hash >> 32), static_cast<std::uint32_t>(entries_.size())};
+    entries_.insert(entries_.end(), text.begin(), text.end());
+    return number;
 }
 
-void shared_strings::rehash(std::size_t slots)
+void shared_strings::double_slots()
 {
-    slots_.assign(slots, {});
-    const auto mask = slots - 1;
-    for (std::uint32_t index = 0; index < size(); ++index) {
-        const auto hash = hash_of(text(index));
-        auto position = hash & mask;
-        while (slots_[position].number != 0)
-            position = (position + 1) & mask;
-        slots_[position] = {static_cast<std::uint32_t>(hash >> 32), index + 1};
-    }
+    slots_.assign(2 * slots_.size(), {});
+    for_each([&](const stored_text& entry, std::size_t start) {
+        const auto hash = hash_of(entry.text);
+        slot_of(entry.text, hash) = {static_cast<std::uint32_t>(hash >> 32),
+                                     static_cast<std::uint32_t>(start)};
+    });
 }
 
 std::vector<std::uint32_t> shared_strings::drop_unused(const std::vector<std::uint32_t>& uses)
 {
     shared_strings kept;
-    std::vector<std::uint32_t> new_index(size());
-    for (std::uint32_t index = 0; index < size(); ++index) {
-        if (uses[index] != 0)
-            new_index[index] = kept.insert(text(index), hash_of(text(index)));
-        kept.uses_ += uses[index];
-    }
+    std::vector<std::uint32_t> new_numbers(size());
+    for_each([&](const stored_text& entry, std::size_t) {
+        if (uses[entry.number] != 0)
+            new_numbers[entry.number] = kept.insert(entry.text, hash_of(entry.text));
+        kept.uses_ += uses[entry.number];
+    });
     *this = std::move(kept);
-    return new_index;
+    return new_numbers;
 }
 
 void shared_strings::write(byte_writer& out) const
@@ -155,26 +176,25 @@ void shared_strings::write(byte_writer& out) const
         continued_record table(out, record_id::sst);
         out.u32(static_cast<std::uint32_t>(uses_));
         out.u32(static_cast<std::uint32_t>(size()));
-        const auto put = [&](std::uint32_t index, auto units) {
+        const auto put = [&](std::uint32_t number, auto units) {
             if (table.room() < least_room<typename decltype(units)::value_type>)
                 table.next();
-            if (index % bucket_size == 0)
+            if (number % bucket_size == 0)
                 buckets.push_back({out.size(), table.position()});
             write_text(out, table, units);
         };
-        for (std::uint32_t index = 0; index < size(); ++index) {
-            const auto utf8 = text(index);
-            if (is_ascii(utf8)) {
-                put(index, utf8);
-            } else if (const auto wide = to_utf16(utf8); fits_in_bytes(wide)) {
+        for_each([&](const stored_text& entry, std::size_t) {
+            if (is_ascii(entry.text)) {
+                put(entry.number, entry.text);
+            } else if (const auto wide = to_utf16(entry.text); fits_in_bytes(wide)) {
                 std::string narrow;
                 std::ranges::transform(wide, std::back_inserter(narrow),
                                        [](char16_t unit) { return static_cast<char>(unit); });
-                put(index, std::string_view(narrow));
+                put(entry.number, std::string_view(narrow));
             } else {
-                put(index, std::u16string_view(wide));
+                put(entry.number, std::u16string_view(wide));
             }
-        }
+        });
     }
     const record positions(out, record_id::ext_sst);
     out.u16(static_cast<std::uint16_t>(bucket_size));

@@ -23,8 +23,7 @@ public:
     /// Takes in the text of one cell (not empty), repaired to valid UTF-8 and cut at text_limit.
     added add(std::string_view text);
 
-    std::size_t size() const { return offsets_.size() - 1; }
-    std::string_view text(std::uint32_t index) const;
+    std::size_t size() const { return size_; }
 
     /// Drops the texts that no cell uses any more. `uses`: for each text the cells that show it. Answers
     /// each kept text's new number.
@@ -35,18 +34,26 @@ public:
     void write(byte_writer& out) const;
 
 private:
+    /// A place of the hash table, which leads to a text's entry.
     struct slot {
         std::uint32_t hash = 0;
-        std::uint32_t number = 0; ///< 1 more than the text's; 0: free
+        std::uint32_t text_start = 0; ///< in entries_; 0: the place is free
+    };
+    struct stored_text {
+        std::uint32_t number;
+        std::string_view text;
     };
 
+    stored_text entry_at(std::size_t text_start) const;
+    template <class Visitor>
+    void for_each(Visitor visit) const;
     slot& slot_of(std::string_view text, std::uint64_t hash);
     std::uint32_t insert(std::string_view text, std::uint64_t hash);
-    void rehash(std::size_t slots);
+    void double_slots();
 
-    std::vector<char> texts_; ///< all texts, end to end
-    std::vector<std::uint32_t> offsets_{0}; ///< where each text starts in texts_, and where the last ends
+    std::vector<char> entries_; ///< end to end
     std::vector<slot> slots_{1024};
+    std::size_t size_ = 0;
     std::uint64_t uses_ = 0; ///< cells with a text
 };
 
