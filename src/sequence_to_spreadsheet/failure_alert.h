@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <exception>
+#include <string>
+#include <string_view>
+
+namespace tallyframe {
+
+/// What the user is told about a document that could not be loaded or analysed.
+struct failure_alert {
+    std::string message_text;
+    std::string informative_text;
+    std::string system_log_text; ///< empty for the failures that a user can mend alone
+};
+
+/// `error_tracker`: what the host was doing, joined to the message of an unexpected failure; may be empty.
+failure_alert alert_for(const std::exception& error, std::string_view error_tracker = {});
+
+} // namespace tallyframe

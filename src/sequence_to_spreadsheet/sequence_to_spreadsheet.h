@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "analysis/analysis_result.h"
+#include "document/document_index.h"
+#include "document/parse_xml.h"
+#include "document/sequence_catalogue.h"
+#include "document/track_checkboxes.h"
+#include "platform/alerts.h"
+#include "platform/diagnostics.h"
+#include "platform/progress.h"
+#include "platform/sequence_menu.h"
+#include "report/report_options.h"
+#include "sequence_to_spreadsheet/save_excel.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+// From an exported timeline to a workbook, in three operations that a host calls in this order:
+//
+//   get_sequences_names             a document's file -> the menu of what it offers to report
+//   get_info_from_sequence_or_bins  an entry of the menu -> its analysis
+//   save_excel                      the analysis and the options -> the workbook's file
+//
+// What each leaves for the next stands in report_session.
+
+namespace tallyframe {
+
+/// A loaded document and its index. Lives from one file's opening to the next.
+struct opened_document {
+    explicit opened_document(xml_document loaded) : xml(std::move(loaded)), index(xml) { }
+
+    xml_document xml;
+    document_index index;
+};
+
+/// What the operations leave for one another and for the host: one for each window or command-line run.
+struct report_session {
+    std::optional<opened_document> document;
+    std::vector<catalogue_entry> menu; ///< the menu's items; `uuid` of each tells what it is
+    std::optional<std::size_t> analyzed_sequence_index; ///< which item `analysis` tells of; the host sets it
+    track_checkboxes video_tracks_table_checkboxes;
+    track_checkboxes audio_tracks_table_checkboxes;
+    std::string import_video_audio_preference = "video + audio"; ///< or "video", or "audio"
+    analysis_result analysis;
+    std::string error_tracker; ///< what the host was doing, for the alert about unexpected failures
+};
+
+/// The host's services that loading and analysing use.
+struct session_services {
+    diagnostics& out;
+    progress& display;
+    alerts& alert;
+    sequence_menu& menu;
+};
+
+/// Loads a document and fills the menu: "Bin Clips" when it has loose clips, a separator, its sequences.
+/// Starts the analysis through the menu when there is only one thing to report.
+///
+/// A failure empties the menu. It reaches the caller when gui_mode is false; otherwise it is shown as an
+/// alert and counts as handled.
+void get_sequences_names(report_session& session, const xml_input& input, const session_services& services);
+
+/// Saves and empties the check boxes of both track tables.
+void clone_and_clear_tableview_checkboxes(report_session& session);
+
+/// Analyses the sequence with that uuid, or the bins' clips when no sequence has it ("" is the bin clips'
+/// entry), into session.analysis; both track tables' check boxes are filled again. Closes the progress
+/// display at the end. Throws analysis_error; the session then keeps its earlier analysis.
+void get_info_from_sequence_or_bins(report_session& session, std::string_view uuid,
+                                    const session_services& services);
+
+/// The name of the project that is open in the editing application, for a host that wants one.
+std::string get_project_name();
+
+} // namespace tallyframe
