@@ -1,0 +1,335 @@
+// SPDX-License-Identifier: MIT
+#include "cli/arguments.h"
+
+#include "cli/known_names.h"
+#include "platform/application.h"
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <charconv>
+
+namespace tallyframe::cli {
+
+namespace {
+
+/// The texts of the flags that need more than CLI11's own conversion.
+struct raw_report_flags {
+    std::size_t item = 0;
+    std::string sequence;
+    bool bins = false;
+    bool all = false;
+    std::string scope;
+    std::string tracks;
+    std::string timeline_columns;
+    std::string source_columns;
+    std::vector<std::string> adjustments;
+    std::string columns;
+};
+
+struct sheet_flag {
+    const char* name;
+    bool report_options::*sheet;
+    const char* help;
+};
+
+constexpr sheet_flag sheet_flags[] = {
+    {"--no-markers", &report_options::markers_sheets, "Leave out \"Sequence Markers\" and \"Clip Markers\""},
+    {"--no-generators", &report_options::generators_sheet, "Leave out \"Graphics & Titles\""},
+    {"--no-transitions", &report_options::transitions_sheet, "Leave out \"Transitions\""},
+    {"--no-filters", &report_options::filters_sheet, "Leave out \"Filters\""},
+    {"--no-motion", &report_options::motion_sheet, "Leave out \"Motion Effects\""},
+    {"--no-files-summary", &report_options::summary_sheet, "Leave out \"Files Summary\""},
+    {"--no-reels", &report_options::reel_sheets, "Leave out \"Reels Summary\" and the sheets per reel"},
+};
+
+struct color_flag {
+    const char* name;
+    std::string report_options::*color;
+    const char* help;
+};
+
+constexpr color_flag color_flags[] = {
+    {"--video-color", &report_options::video_row_color, "Text colour of video rows (blue)"},
+    {"--audio-color", &report_options::audio_row_color, "Text colour of audio rows (green)"},
+    {"--marker-color", &report_options::marker_row_color, "Text colour of marker rows (gray)"},
+};
+
+void add_item_flags(CLI::App& report, raw_report_flags& raw)
+{
+    constexpr const char* group = "What to report";
+    auto* item = report.add_option("--item", raw.item, "Entry of the document by its position in `list`");
+    auto* sequence = report.add_option("--sequence", raw.sequence, "Sequence by its identifier in `list`");
+    auto* bins = report.add_flag("--bins", raw.bins, "The clips of the bins");
+    auto* all = report.add_flag("--all", raw.all, "Every entry, one workbook each");
+    const std::vector<CLI::Option*> choices = {item, sequence, bins, all};
+    for (CLI::Option* choice : choices) {
+        choice->group(group);
+        for (CLI::Option* other : choices) {
+            if (other != choice)
+                choice->excludes(other);
+        }
+    }
+    item->option_text("N");
+    bins->option_text(" ");
+    all->option_text(" ");
+    sequence->option_text("UUID");
+    report.add_option("--scope", raw.scope, "video+audio (default), video or audio")
+        ->option_text("SCOPE")
+        ->group(group);
+    report.add_option("--tracks", raw.tracks, "Only these tracks, such as V1,V2,A1; none for no track")
+        ->option_text("LIST")
+        ->group(group);
+}
+
+void add_content_flags(CLI::App& report, raw_report_flags& raw, report_options& options)
+{
+    constexpr const char* columns_group = "Columns of the clips";
+    report
+        .add_option("--timeline-columns", raw.timeline_columns,
+                    "Forms of the timeline times: Timecode, Clock, Frames, Feet+Frames, Seconds (Timecode)")
+        ->option_text("LIST")
+        ->group(columns_group);
+    report.add_option("--source-columns", raw.source_columns, "The same for the source times (Timecode)")
+        ->option_text("LIST")
+        ->group(columns_group);
+    report
+        .add_option("--adjust", raw.adjustments,
+                    "Frames to add to timeline times in one form, such as Timecode=+1; may be repeated")
+        ->option_text("FORM=N")
+        ->group(columns_group)
+        ->allow_extra_args(false);
+    report
+        .add_option("--columns", raw.columns,
+                    "Only these columns, such as \"Track,Enabled,Sequence In\"; clip names always show")
+        ->option_text("LIST")
+        ->group(columns_group);
+
+    constexpr const char* rows_group = "Rows";
+    report.add_flag("--enabled-only", options.report_enabled_only, "Only what is enabled")->group(rows_group);
+    report
+        .add_flag("--skip-video-audio", options.skip_video_clip_audio,
+                  "No audio clips whose media file is a video clip's too")
+        ->group(rows_group);
+    for (const color_flag& flag : color_flags) {
+        report.add_option(flag.name, options.*flag.color, flag.help)->option_text("NAME")->group(rows_group);
+    }
+}
+
+void add_sheet_flags(CLI::App& report, report_options& options)
+{
+    for (const sheet_flag& flag : sheet_flags)
+        report
+            .add_flag_callback(
+                flag.name, [&options, &flag] { options.*flag.sheet = false; }, flag.help)
+            ->group("Sheets");
+}
+
+/// The items of "a,b,c" with blanks around them dropped; none for an empty list.
+std::vector<std::string> split_list(std::string_view list)
+{
+    std::vector<std::string> items;
+    if (CLI::detail::trim_copy(std::string(list)).empty())
+        return items;
+    for (const std::string& item : CLI::detail::split(std::string(list), ','))
+        items.push_back(CLI::detail::trim_copy(item));
+    return items;
+}
+
+item_choice chosen_item(const CLI::App& report, const raw_report_flags& raw)
+{
+    if (raw.all)
+        return {.by = item_choice::kind::all, .uuid = {}};
+    if (raw.bins)
+        return {.by = item_choice::kind::bins, .uuid = {}};
+    if (report.count("--sequence") > 0)
+        return {.by = item_choice::kind::uuid, .uuid = raw.sequence};
+    if (report.count("--item") > 0)
+        return {.by = item_choice::kind::position, .position = raw.item, .uuid = {}};
+    return {};
+}
+
+std::vector<time_format> chosen_time_formats(const CLI::App& report, const char* flag, std::string_view list)
+{
+    if (report.count(flag) == 0)
+        return {time_format::timecode};
+    std::vector<time_format> formats;
+    for (const std::string& name : split_list(list))
+        formats.push_back(time_format_named(name, flag));
+    return formats;
+}
+
+void apply_adjustment(const std::string& text, time_adjustments& adjustments)
+{
+    const std::size_t equals = text.find('=');
+    std::string number = equals == std::string::npos ? "" : CLI::detail::trim_copy(text.substr(equals + 1));
+    if (number.size() > 1 && number.front() == '+' && number[1] != '-')
+        number.erase(0, 1);
+    std::int32_t frames = 0;
+    const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), frames);
+    if (number.empty() || error != std::errc() || end != number.data() + number.size()) {
+        throw usage_error(
+            fmt::format("--adjust: \"{}\" is no adjustment. Write a time format, \"=\" and a whole "
+                        "number of frames, such as Timecode=+1.",
+                        text));
+    }
+    adjustment_of(time_format_named(CLI::detail::trim_copy(text.substr(0, equals)), "--adjust"),
+                  adjustments) = frames;
+}
+
+void apply_columns(const std::string& list, report_options& options)
+{
+    constexpr const char* layout_name = "--columns";
+    column_layout layout{.name = layout_name, .checkboxes = {}};
+    for (const std::string& title : split_list(list))
+        layout.checkboxes.push_back({checkbox_titled(title), 1});
+    options.layouts_array = {std::move(layout)};
+    options.layout = layout_name;
+}
+
+void fill_in(const CLI::App& report, const raw_report_flags& raw, report_request& request)
+{
+    request.item = chosen_item(report, raw);
+    if (report.count("--scope") > 0)
+        request.scope = scope_named(raw.scope);
+    if (report.count("--tracks") > 0)
+        request.tracks = raw.tracks == "none" ? std::vector<std::string>() : split_list(raw.tracks);
+    request.options.timeline_time_columns =
+        chosen_time_formats(report, "--timeline-columns", raw.timeline_columns);
+    request.options.source_time_columns = chosen_time_formats(report, "--source-columns", raw.source_columns);
+    for (const std::string& adjustment : raw.adjustments)
+        apply_adjustment(adjustment, request.options.adjustments);
+    if (report.count("--columns") > 0)
+        apply_columns(raw.columns, request.options);
+    for (const color_flag& flag : color_flags)
+        check_color(request.options.*flag.color, flag.name);
+}
+
+void describe(CLI::App& app)
+{
+    app.name("tallyframe");
+    app.description("Tallyframe turns an exported timeline (XML from Final Cut Pro 7 or Premiere Pro)\n"
+                    "into an Excel workbook: every clip, title, transition, filter and marker,\n"
+                    "exact to the frame.");
+    app.footer("Start with:  tallyframe report CUT.xml\n"
+               "Then open CUT.xls. `tallyframe help report` shows every option.");
+    app.set_version_flag("--version", fmt::format("tallyframe {}", application::version),
+                         "Print the version and leave");
+    app.set_help_flag("-h,--help", "Print this help and leave");
+    app.get_formatter()->column_width(34);
+    app.get_formatter()->label("REQUIRED", "");
+}
+
+constexpr std::string_view commands[] = {"list", "report", "help"};
+
+void refuse_unknown_command(const std::vector<std::string>& arguments)
+{
+    if (arguments.empty() || arguments.front().starts_with('-')
+        || std::find(std::begin(commands), std::end(commands), arguments.front()) != std::end(commands))
+        return;
+    throw usage_error(
+        fmt::format("There is no command \"{}\". The commands are list, report and help: start with "
+                    "`tallyframe report FILE.xml`.",
+                    arguments.front()));
+}
+
+/// The arguments from the last to the first, as CLI11 takes them. "help report" is "report --help", and
+/// "--flag=" with nothing behind it gives the flag an empty text, which CLI11 would miss.
+std::vector<std::string> in_the_parsers_form(std::vector<std::string> arguments)
+{
+    if (!arguments.empty() && arguments.front() == "help") {
+        arguments.erase(arguments.begin());
+        refuse_unknown_command(arguments);
+        arguments.push_back("--help");
+    }
+    refuse_unknown_command(arguments);
+    std::vector<std::string> reversed;
+    for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument) {
+        if (argument->starts_with("--") && argument->ends_with('=')) {
+            reversed.emplace_back();
+            reversed.push_back(argument->substr(0, argument->size() - 1));
+        } else {
+            reversed.push_back(*argument);
+        }
+    }
+    return reversed;
+}
+
+std::string help_text(const CLI::App& app)
+{
+    const std::string parent = app.get_parent() == nullptr ? "" : app.get_parent()->get_name();
+    std::string text = app.help(parent);
+    for (std::size_t at = text.find("\n\n\n"); at != std::string::npos; at = text.find("\n\n\n"))
+        text.erase(at, 1);
+    return text;
+}
+
+} // namespace
+
+request parse_arguments(const std::vector<std::string>& arguments)
+{
+    CLI::App app;
+    describe(app);
+    request result;
+    list_request list_flags;
+    report_request report_flags;
+    raw_report_flags raw;
+
+    CLI::App* list =
+        app.add_subcommand("list", "Show what a document offers to report: its bins and sequences");
+    list->add_option("FILE.xml", list_flags.document, "The exported timeline")->required()->option_text(" ");
+    list->add_flag("--json", list_flags.json, "As JSON, for scripts");
+    list->footer("The number in front is what `report --item` takes, the identifier at the end what\n"
+                 "`report --sequence` takes.");
+
+    CLI::App* report =
+        app.add_subcommand("report", "Write the workbook of a sequence, or of the clips in the bins");
+    report->add_option("FILE.xml", report_flags.document, "The exported timeline")
+        ->required()
+        ->option_text(" ");
+    report
+        ->add_option("-o,--output", report_flags.output,
+                     "The workbook, or the folder for it (FILE.xls in the current folder)")
+        ->option_text("REPORT.xls");
+    add_item_flags(*report, raw);
+    add_content_flags(*report, raw, report_flags.options);
+    add_sheet_flags(*report, report_flags.options);
+    report->add_flag("--quiet", report_flags.quiet, "No diagnostics on standard output")->group("Output");
+    report->add_flag("--progress", report_flags.progress, "A progress line on standard error")
+        ->group("Output");
+    report->footer("Without --item, --sequence, --bins or --all the document's only entry is reported.\n"
+                   "Lists are separated by commas; quote those that hold blanks.\n\n"
+                   "Examples:\n"
+                   "  tallyframe report CUT.xml\n"
+                   "  tallyframe report CUT.xml --item 3 --tracks V1,V2 -o picture.xls\n"
+                   "  tallyframe report CUT.xml --timeline-columns Timecode,Feet+Frames --enabled-only");
+
+    app.add_subcommand("help", "Show how a command is used: `tallyframe help report`");
+
+    try {
+        app.parse(in_the_parsers_form(arguments));
+    } catch (const CLI::CallForVersion& version) {
+        result.text = std::string(version.what()) + "\n";
+        return result;
+    } catch (const CLI::CallForHelp&) {
+        const auto chosen = app.get_subcommands();
+        result.text = help_text(chosen.empty() ? app : *chosen.front());
+        return result;
+    } catch (const CLI::ParseError& error) {
+        throw usage_error(fmt::format(
+            "{}\n`tallyframe help` and `tallyframe help report` show how it is used.", error.what()));
+    }
+
+    if (list->parsed()) {
+        result.list = std::move(list_flags);
+    } else if (report->parsed()) {
+        fill_in(*report, raw, report_flags);
+        result.report = std::move(report_flags);
+    } else {
+        result.text = help_text(app);
+    }
+    return result;
+}
+
+} // namespace tallyframe::cli

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "report/report_options.h"
+
+#include <filesystem>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace tallyframe::cli {
+
+/// Which entries of a document's menu to report.
+struct item_choice {
+    enum class kind { only_one, position, uuid, bins, all };
+    kind by = kind::only_one;
+    std::size_t position = 0; ///< from 1, as `list` shows it
+    std::string uuid;
+};
+
+struct list_request {
+    std::filesystem::path document;
+    bool json = false;
+};
+
+struct report_request {
+    std::filesystem::path document;
+    std::optional<std::filesystem::path> output;
+    item_choice item;
+    std::string scope = "video + audio";
+    std::optional<std::vector<std::string>> tracks; ///< labels of the ticked tracks; nothing for all
+    report_options options;
+    bool quiet = false;
+    bool progress = false;
+};
+
+/// What the command line asks for: one of the two, or a text to print.
+struct request {
+    std::optional<list_request> list;
+    std::optional<report_request> report;
+    std::string text; ///< help or version, when neither is set
+};
+
+/// The command line is wrong; what() says how to write it right.
+class usage_error : public std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+/// `arguments`: those after the program's name. Throws usage_error.
+request parse_arguments(const std::vector<std::string>& arguments);
+
+} // namespace tallyframe::cli

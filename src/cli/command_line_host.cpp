@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include "cli/command_line_host.h"
+
+#include "platform/badge_text.h"
+#include "platform/failures.h"
+
+#include <fmt/format.h>
+
+#include <csignal>
+
+namespace tallyframe::cli {
+
+namespace {
+
+volatile std::sig_atomic_t stop_requested = 0;
+
+void request_stop(int signal_number)
+{
+    stop_requested = 1;
+    std::signal(signal_number, SIG_DFL);
+}
+
+void leave_if_stopped()
+{
+    if (stop_requested != 0)
+        throw run_cancelled();
+}
+
+/// The first line of a message, without its line break.
+std::string_view first_line(std::string_view message)
+{
+    return message.substr(0, message.find('\n'));
+}
+
+} // namespace
+
+void stop_on_signals()
+{
+    std::signal(SIGINT, request_stop);
+    std::signal(SIGTERM, request_stop);
+}
+
+void stream_diagnostics::write(std::string_view text)
+{
+    if (!quiet_)
+        out_.write(text.data(), static_cast<std::streamsize>(text.size()));
+}
+
+void line_progress::begin(std::int64_t progress_bar_length)
+{
+    leave_if_stopped();
+    value_ = 0;
+    length_ = progress_bar_length;
+}
+
+void line_progress::advance(std::string_view message)
+{
+    leave_if_stopped();
+    ++value_;
+    if (!shown_)
+        return;
+    if (!message.empty())
+        message_ = first_line(message);
+    show(fmt::format("{:>4}  {}", badge_text(value_, length_), message_));
+}
+
+void line_progress::show_message(std::string_view message)
+{
+    leave_if_stopped();
+    if (!shown_)
+        return;
+    message_ = first_line(message);
+    show(fmt::format("      {}", message_));
+}
+
+void line_progress::spin(std::string_view message)
+{
+    show_message(message);
+}
+
+void line_progress::end()
+{
+    if (line_is_open_)
+        err_ << '\n' << std::flush;
+    line_is_open_ = false;
+    line_.clear();
+    message_.clear();
+}
+
+void line_progress::show(const std::string& line)
+{
+    if (line == line_)
+        return; // a step in ten thousand changes what is seen
+    const std::size_t rest_of_old_line = line_.size() > line.size() ? line_.size() - line.size() : 0;
+    err_ << '\r' << line << std::string(rest_of_old_line, ' ') << std::flush;
+    line_ = line;
+    line_is_open_ = true;
+}
+
+} // namespace tallyframe::cli

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/alerts.h"
+#include "platform/diagnostics.h"
+#include "platform/progress.h"
+#include "platform/sequence_menu.h"
+
+#include <cstdint>
+#include <ostream>
+#include <string>
+
+namespace tallyframe::cli {
+
+/// Diagnostics on a stream, or nowhere with --quiet.
+class stream_diagnostics final : public diagnostics {
+public:
+    stream_diagnostics(std::ostream& out, bool quiet) : out_(out), quiet_(quiet) { }
+
+    void write(std::string_view text) override;
+
+private:
+    std::ostream& out_;
+    bool quiet_;
+};
+
+/// Notices Ctrl-C at every step, and shows one line that is rewritten in place when it is wanted.
+class line_progress final : public progress {
+public:
+    line_progress(std::ostream& err, bool shown) : err_(err), shown_(shown) { }
+    line_progress(const line_progress&) = delete;
+    line_progress& operator=(const line_progress&) = delete;
+    ~line_progress() override { line_progress::end(); }
+
+    void begin(std::int64_t progress_bar_length) override;
+    void advance(std::string_view message) override;
+    void show_message(std::string_view message) override;
+    void spin(std::string_view message) override;
+    void end() override;
+
+private:
+    void show(const std::string& line);
+
+    std::ostream& err_;
+    bool shown_;
+    bool line_is_open_ = false;
+    std::int64_t value_ = 0;
+    std::int64_t length_ = 0;
+    std::string message_;
+    std::string line_;
+};
+
+/// A command line has neither alerts nor a menu: failures reach the caller, the entries are
+/// asked of the session.
+class no_alerts final : public alerts {
+public:
+    void show(std::string_view, std::string_view) override { }
+    void write_system_log(std::string_view) override { }
+};
+
+class no_sequence_menu final : public sequence_menu {
+public:
+    void remove_all_items() override { }
+    void add_item(std::string_view) override { }
+    void add_separator() override { }
+    void set_enabled(bool) override { }
+    void reload_track_tables() override { }
+    void analyze_sequence() override { }
+};
+
+/// Makes Ctrl-C (and a polite request to end) stop the run at its next step; a second Ctrl-C ends the process
+/// at once.
+void stop_on_signals();
+
+} // namespace tallyframe::cli

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include "cli/known_names.h"
+
+#include "cli/arguments.h"
+#include "report/column_switches.h"
+#include "workbook/format.h"
+
+#include <fmt/format.h>
+
+#include <array>
+#include <utility>
+#include <vector>
+
+namespace tallyframe::cli {
+
+namespace {
+
+constexpr std::array<std::pair<std::string_view, std::string_view>, 3> scopes = {{
+    {"video+audio", "video + audio"},
+    {"video", "video"},
+    {"audio", "audio"},
+}};
+
+/// The names of a table's entries, as a list in a sentence.
+template <class Names, class NameOf>
+std::string listed(const Names& names, NameOf name_of)
+{
+    std::vector<std::string_view> texts;
+    for (const auto& entry : names)
+        texts.push_back(name_of(entry));
+    return fmt::format("{}", fmt::join(texts, ", "));
+}
+
+} // namespace
+
+time_format time_format_named(std::string_view name, std::string_view flag)
+{
+    for (const time_format_name& known : time_formats) {
+        if (known.name == name)
+            return known.format;
+    }
+    throw usage_error(
+        fmt::format("{}: there is no time format \"{}\". The formats are {}.", flag, name,
+                    listed(time_formats, [](const time_format_name& known) { return known.name; })));
+}
+
+std::int64_t& adjustment_of(time_format format, time_adjustments& adjustments)
+{
+    switch (format) {
+    case time_format::timecode:
+        return adjustments.hhmmssff_adj;
+    case time_format::clock:
+        return adjustments.clock_adj;
+    case time_format::frames:
+        return adjustments.frames_adj;
+    case time_format::feet_and_frames:
+        return adjustments.feetframes_adj;
+    case time_format::seconds:
+        break;
+    }
+    return adjustments.seconds_adj;
+}
+
+std::string scope_named(std::string_view name)
+{
+    for (const auto& [known, preference] : scopes) {
+        if (known == name)
+            return std::string(preference);
+    }
+    throw usage_error(fmt::format("--scope: there is no scope \"{}\". The scopes are {}.", name,
+                                  listed(scopes, [](const auto& known) { return known.first; })));
+}
+
+std::string checkbox_titled(std::string_view title)
+{
+    for (const column_switch_entry& known : all_column_switches) {
+        if (known.title == title)
+            return std::string(title);
+    }
+    throw usage_error(fmt::format(
+        "--columns: there is no column \"{}\". The columns are {}.", title,
+        listed(all_column_switches, [](const column_switch_entry& known) { return known.title; })));
+}
+
+void check_color(std::string_view name, std::string_view flag)
+{
+    if (!xls::is_color(name)) {
+        throw usage_error(fmt::format(
+            "{}: there is no colour \"{}\". The colours are {}, or #RRGGBB such as "
+            "#FF8800.",
+            flag, name, listed(xls::color_names(), [](std::string_view known) { return known; })));
+    }
+}
+
+} // namespace tallyframe::cli

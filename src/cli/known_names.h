@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "report/report_options.h"
+
+#include <string>
+#include <string_view>
+
+// Names that a flag takes, looked up. Each throws usage_error, with the valid names in it, for a name that is
+// not known. `flag`: the flag that the user gave the name to.
+
+namespace tallyframe::cli {
+
+time_format time_format_named(std::string_view name, std::string_view flag);
+
+std::int64_t& adjustment_of(time_format format, time_adjustments& adjustments);
+
+/// The value of import_video_audio_preference for "video+audio", "video" or "audio".
+std::string scope_named(std::string_view name);
+
+/// The title itself, when a column layout knows it.
+std::string checkbox_titled(std::string_view title);
+
+void check_color(std::string_view name, std::string_view flag);
+
+} // namespace tallyframe::cli
