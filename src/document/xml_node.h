@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-struct _xmlDoc;
-struct _xmlNode;
+struct _xmlDoc; // NOLINT(bugprone-reserved-identifier): the XML library's own names
+struct _xmlNode; // NOLINT(bugprone-reserved-identifier)
 
 namespace tallyframe {
 
@@ -35,7 +35,8 @@ public:
     /// Whether the element bears that name and no namespace.
     bool has_name(std::string_view expected) const;
 
-    /// All text inside the element, nested elements included, as one string. Nothing is trimmed.
+    /// All text inside the element, nested elements and the document's own entities included, as one string.
+    /// Nothing is trimmed.
     std::string text() const;
 
     /// Whether text() equals `expected`, without making the string.
@@ -67,13 +68,14 @@ public:
     /// First element of that name anywhere inside this one, in document order.
     xml_node first_descendant(std::string_view descendant_name) const;
 
-    /// All elements of a path anywhere inside this one, such as all ".//value".
+    /// All elements of that name anywhere inside this one, in document order.
     std::vector<xml_node> all_descendants(std::string_view descendant_name) const;
 
     /// Text of the first match of the path; nothing when there is no match.
     std::optional<std::string> text_of(std::string_view path) const;
 
-    /// Replaces all that stands inside the element by a text.
+    /// Replaces all that stands inside the element by a text; "&" and "<" in it are plain characters. Handles
+    /// to elements that stood inside are no longer valid.
     void set_text(std::string_view text);
 
     /// Appends a deep copy of `original` as the last child; returns the copy.

@@ -185,7 +185,8 @@ std::optional<double> to_frames(std::optional<std::string_view> text, double rat
     const auto [hours, minutes, seconds, frames] = field_values(*text);
     double total = frames + seconds * n + minutes * 60 * n + hours * 60 * 60 * n;
     if (counts_drop_frames(rate, format)) {
-        const auto dropped_per_minute = static_cast<double>(*nominal / 15);
+        const std::int64_t dropped_numbers = *nominal / 15;
+        const auto dropped_per_minute = static_cast<double>(dropped_numbers);
         const double tens = std::floor(minutes / 10);
         total -= (hours * 6 + tens) * dropped_per_minute * 9 + (minutes - tens * 10) * dropped_per_minute;
     }
