@@ -133,7 +133,7 @@ int report(const report_request& request, std::ostream& out, std::ostream& err)
     } else {
         write_report(state, request, entries.front(), report_path(request.document, request.output), err);
     }
-    state.session.document->xml.leave_to_process_end();
+    state.session.document->document.leave_to_process_end();
     return done;
 }
 

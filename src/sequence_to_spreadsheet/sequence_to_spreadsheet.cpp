@@ -24,7 +24,7 @@ void fill_menu(const std::vector<catalogue_entry>& entries, sequence_menu& menu)
 void load(report_session& session, const xml_input& input, const session_services& services)
 {
     session.document.reset(); // two large documents need not fit into memory at once
-    session.document.emplace(parse_xml(input, services.out, services.display).document);
+    session.document = parse_xml(input, services.out, services.display);
     session.menu = sequence_catalogue(session.document->index);
     fill_menu(session.menu, services.menu);
     if (session.menu.size() == 1)

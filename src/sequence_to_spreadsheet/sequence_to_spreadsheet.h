@@ -17,7 +17,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 // From an exported timeline to a workbook, in three operations that a host calls in this order:
@@ -30,17 +29,9 @@
 
 namespace tallyframe {
 
-/// A loaded document and its index. Lives from one file's opening to the next.
-struct opened_document {
-    explicit opened_document(xml_document loaded) : xml(std::move(loaded)), index(xml) { }
-
-    xml_document xml;
-    document_index index;
-};
-
 /// What the operations leave for one another and for the host: one for each window or command-line run.
 struct report_session {
-    std::optional<opened_document> document;
+    std::optional<parsed_xml> document; ///< lives from one file's opening to the next
     std::vector<catalogue_entry> menu; ///< the menu's items; `uuid` of each tells what it is
     std::optional<std::size_t> analyzed_sequence_index; ///< which item `analysis` tells of; the host sets it
     track_checkboxes video_tracks_table_checkboxes;
