@@ -18,8 +18,8 @@ std::string required_text(xml_node sequence, std::string_view path)
 {
     if (auto text = sequence.text_of(path))
         return std::move(*text);
-    throw analysis_error("The sequence \"" + sequence.text_of("name").value_or("") + "\" has no \""
-                         + std::string(path)
+    const auto name = sequence.text_of("name");
+    throw analysis_error("The sequence " + (name ? '"' + *name + "\" " : "") + "has no \"" + std::string(path)
                          + "\" element. Export it again from the program that it was cut in.");
 }
 

@@ -11,8 +11,8 @@ namespace tallyframe {
 
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
+using testing::ElementsAre;
+using testing::IsEmpty;
 
 constexpr std::string_view title_json =
     R"({"mTextParam":{"mStyleSheet":{"mFontName":{"mParamValues":[[0,"Menlo-Regular"],[1,"Arial"]]},)"

@@ -2,6 +2,8 @@
 #include "document/parse_xml.h"
 #include "platform/failures.h"
 #include "platform/gui_mode.h"
+#include "support/counting_progress.h"
+#include "support/kept_diagnostics.h"
 #include "support/parsed_text.h"
 #include "support/temporary_folder.h"
 
@@ -43,7 +45,7 @@ private:
     }
 
     testing_support::kept_diagnostics out_;
-    testing_support::kept_messages display_;
+    testing_support::counting_progress display_;
 };
 
 class parsing_a_file : public parsing {

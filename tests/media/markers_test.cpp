@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "media/markers.h"
 #include "platform/failures.h"
-#include "support/parsed_document.h"
-#include "support/recording_hosts.h"
+#include "support/counting_progress.h"
+#include "support/parsed_text.h"
 #include "support/xmeml_builder.h"
 
 #include <gmock/gmock.h>
@@ -12,12 +12,12 @@ namespace tallyframe {
 
 namespace {
 
-using namespace testing;
+using namespace testing_support;
 
 marker_record record_of(const std::string& markup, std::int64_t offset = 0, bool is_ppro = false)
 {
-    const xml_document document = parsed_document(markup);
-    return marker_hash(document.root(), offset, is_ppro);
+    const parsed_xml parsed = parsed_text(markup);
+    return marker_hash(parsed.document.root(), offset, is_ppro);
 }
 
 std::string marker_with(std::string_view markup)
@@ -126,14 +126,14 @@ TEST(marker_hash, refuses_a_marker_without_name_in_or_out)
 
 TEST(marker_hash, says_which_marker_lacks_what)
 {
-    const xml_document document = parsed_document(
-        "<clipitem><name>Boat</name><marker><name>Cue</name><out>1</out></marker></clipitem>");
+    const parsed_xml parsed =
+        parsed_text("<clipitem><name>Boat</name><marker><name>Cue</name><out>1</out></marker></clipitem>");
     try {
-        marker_hash(document.root().child("marker"), 0);
+        marker_hash(parsed.document.root().child("marker"), 0);
         FAIL();
     } catch (const analysis_error& error) {
         EXPECT_THAT(error.what(),
-                    ::testing::StartsWith(R"(The marker "Cue" of the clipitem "Boat" has no "in" element.)"));
+                    testing::StartsWith(R"(The marker "Cue" of the clipitem "Boat" has no "in" element.)"));
     }
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "media/media_files.h"
-#include "support/parsed_document.h"
-#include "support/recording_hosts.h"
+#include "support/counting_progress.h"
+#include "support/parsed_text.h"
 #include "support/xmeml_builder.h"
 
 #include <gmock/gmock.h>
@@ -11,17 +11,17 @@ namespace tallyframe {
 
 namespace {
 
-using namespace testing;
-using ::testing::ElementsAre;
+using namespace testing_support;
+using testing::ElementsAre;
 
 constexpr frame_rate rate_25{25, false};
 constexpr frame_rate rate_2997{29.97, true};
 
 files_info info_of(const std::string& file_markup, std::optional<frame_rate> seq_fcp_rate = rate_25)
 {
-    const xml_document document = parsed_document("<xmeml>" + file_markup + "</xmeml>");
+    const parsed_xml parsed = parsed_text("<xmeml>" + file_markup + "</xmeml>");
     no_progress display;
-    return get_files_info(document.root().all("file"), seq_fcp_rate, display);
+    return get_files_info(parsed.index.files, seq_fcp_rate, display);
 }
 
 file_record record_of(const std::string& file_markup, std::optional<frame_rate> seq_fcp_rate = rate_25)
@@ -57,11 +57,10 @@ TEST(media_files, skips_a_file_that_only_repeats_an_id)
 
 TEST(media_files, counts_every_file_element_as_a_step)
 {
-    const xml_document document =
-        parsed_document(R"(<xmeml><file id="a"/><file id="b"><name/></file></xmeml>)");
-    recording_progress display;
-    get_files_info(document.root().all("file"), rate_25, display);
-    EXPECT_THAT(display.messages, ElementsAre("Analyzing Media Files\n", "Analyzing Media Files\n"));
+    const parsed_xml parsed = parsed_text(R"(<xmeml><file id="a"/><file id="b"><name/></file></xmeml>)");
+    counting_progress display;
+    get_files_info(parsed.index.files, rate_25, display);
+    EXPECT_THAT(display.step_messages, ElementsAre("Analyzing Media Files\n", "Analyzing Media Files\n"));
 }
 
 TEST(media_files, finds_the_first_of_two_files_with_one_id)

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "support/analyzed_document.h"
 
-namespace tallyframe::testing {
+namespace tallyframe::testing_support {
 
 analyzed_document::analyzed_document(std::string_view text, std::string_view uuid, std::string_view scope)
-    : document(parsed_document(text)), index(document)
+    : parsed(parsed_text(std::string(text)))
 {
     analyze_again(uuid, scope);
 }
@@ -13,7 +13,7 @@ void analyzed_document::analyze_again(std::string_view uuid, std::string_view sc
 {
     out = {};
     display = {};
-    result = analyze(index, uuid, scope, video_checkboxes, audio_checkboxes, out, display);
+    result = analyze(parsed.index, uuid, scope, video_checkboxes, audio_checkboxes, out, display);
 }
 
-} // namespace tallyframe::testing
+} // namespace tallyframe::testing_support

@@ -2,25 +2,23 @@
 #pragma once
 
 #include "analysis/analyze.h"
-#include "document/document_index.h"
 #include "document/track_checkboxes.h"
-#include "document/xml_node.h"
-#include "support/parsed_document.h"
-#include "support/recording_hosts.h"
+#include "support/counting_progress.h"
+#include "support/kept_diagnostics.h"
+#include "support/parsed_text.h"
 #include "support/xmeml_builder.h"
 
 #include <string>
 #include <string_view>
 
-namespace tallyframe::testing {
+namespace tallyframe::testing_support {
 
 /// A document with its analysis and all that a host has been told meanwhile.
 struct analyzed_document {
-    xml_document document;
-    document_index index;
+    parsed_xml parsed;
     track_checkboxes video_checkboxes, audio_checkboxes;
-    recording_diagnostics out;
-    recording_progress display;
+    kept_diagnostics out;
+    counting_progress display;
     analysis_result result;
 
     explicit analyzed_document(std::string_view text, std::string_view uuid = "uuid-1",
@@ -41,4 +39,4 @@ inline analysis_result analysis_of(const xmeml& builder, std::string_view uuid =
     return analyzed_document(builder, uuid, scope).result;
 }
 
-} // namespace tallyframe::testing
+} // namespace tallyframe::testing_support

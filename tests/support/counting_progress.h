@@ -14,8 +14,9 @@ namespace tallyframe::testing_support {
 class counting_progress final : public progress {
 public:
     void begin(std::int64_t progress_bar_length) override { length = progress_bar_length; }
-    void advance(std::string_view) override
+    void advance(std::string_view message) override
     {
+        step_messages.emplace_back(message);
         if (++steps >= stop_at)
             throw run_cancelled();
     }
@@ -26,7 +27,8 @@ public:
     std::int64_t length = 0;
     std::int64_t steps = 0;
     std::int64_t stop_at = std::numeric_limits<std::int64_t>::max();
-    std::vector<std::string> messages;
+    std::vector<std::string> step_messages;
+    std::vector<std::string> messages; ///< those of no step
     bool ended = false;
 };
 

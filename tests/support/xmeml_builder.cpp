@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/xmeml_builder.h"
 
-namespace tallyframe::testing {
+namespace tallyframe::testing_support {
 
 namespace {
 
@@ -139,7 +139,7 @@ clip& clip::reversed(std::string_view text)
 
 clip& clip::marker(std::string_view name, std::int64_t in, std::int64_t out)
 {
-    return with(testing::marker(name, in, out));
+    return with(testing_support::marker(name, in, out));
 }
 
 clip& clip::with(std::string_view markup)
@@ -266,4 +266,4 @@ std::string bin_clip(std::string_view id, std::int64_t duration, std::string_vie
                             + around("media", around(track_kind, track(items, {}))));
 }
 
-} // namespace tallyframe::testing
+} // namespace tallyframe::testing_support

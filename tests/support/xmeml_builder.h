@@ -16,7 +16,7 @@
 //
 // Whatever has no method of its own is added as markup, with `with`.
 
-namespace tallyframe::testing {
+namespace tallyframe::testing_support {
 
 /// "<name>text</name>", the text escaped.
 std::string element(std::string_view name, std::string_view text);
@@ -146,4 +146,4 @@ std::string bin_clip(std::string_view id, std::int64_t duration, std::string_vie
                      const std::vector<track_item>& items, std::string_view with = {},
                      std::string_view attributes = {});
 
-} // namespace tallyframe::testing
+} // namespace tallyframe::testing_support

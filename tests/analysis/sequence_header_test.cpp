@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+#include "analysis/sequence_header.h"
+#include "platform/failures.h"
+#include "support/analyzed_document.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tallyframe {
+
+namespace {
+
+using namespace testing_support;
+
+analysis_result header_of(const sequence_options& options)
+{
+    return analysis_of(xmeml().sequence("Reel 1", options));
+}
+
+std::string sequence_with(std::string_view markup)
+{
+    return "<xmeml><sequence><uuid>uuid-1</uuid>" + std::string(markup) + "</sequence></xmeml>";
+}
+
+std::string timecode(std::string_view markup)
+{
+    return "<timecode><rate><timebase>25</timebase></rate><frame>0</frame>" + std::string(markup)
+        + "</timecode>";
+}
+
+std::string message_of(std::string_view document_text)
+{
+    try {
+        const analyzed_document document(document_text);
+    } catch (const analysis_error& error) {
+        return error.what();
+    }
+    return {};
+}
+
+TEST(sequence_header, holds_what_the_document_says)
+{
+    const analysis_result result =
+        header_of({.timebase = 30, .ntsc = "True", .displayformat = "DF", .duration = 5000});
+    EXPECT_TRUE(result.is_sequence);
+    EXPECT_EQ(result.sequence_name, "Reel 1");
+    EXPECT_EQ(result.sequence_duration, 5000);
+    EXPECT_EQ(result.seq_fcp_rate, (frame_rate{29.97, true}));
+    EXPECT_EQ(result.seq_displayformat, "DF");
+}
+
+TEST(sequence_header, keeps_sizes_and_sample_rate_as_written)
+{
+    const analyzed_document document(sequence_with(
+        "<name>x</name><duration>1</duration>" + timecode("")
+        + "<media><video><format><samplecharacteristics><width>1920 </width><height>1080</height>"
+          "</samplecharacteristics></format></video><audio><format><samplecharacteristics>"
+          "<samplerate>48000</samplerate></samplecharacteristics></format></audio></media>"));
+    EXPECT_EQ(document.result.sequence_width, "1920 ");
+    EXPECT_EQ(document.result.sequence_height, "1080");
+    EXPECT_EQ(document.result.seq_samplerate, "48000");
+    const analysis_result without = header_of({});
+    EXPECT_EQ(without.sequence_width, std::nullopt);
+    EXPECT_EQ(without.sequence_height, std::nullopt);
+    EXPECT_EQ(without.seq_samplerate, std::nullopt);
+}
+
+TEST(sequence_header, adjusts_odd_timebases)
+{
+    struct rate_case {
+        std::int64_t timebase;
+        std::string ntsc;
+        double rate;
+    };
+    for (const rate_case& each : {rate_case{23, "FALSE", 23.976},
+                                  {24, "TRUE", 23.976},
+                                  {24, "FALSE", 24},
+                                  {25, "TRUE", 25},
+                                  {30, "TRUE", 29.97},
+                                  {30, "FALSE", 30},
+                                  {50, "FALSE", 50},
+                                  {59, "FALSE", 59.94},
+                                  {60, "true", 59.94},
+                                  {60, "FALSE", 60}})
+        EXPECT_EQ(header_of({.timebase = each.timebase, .ntsc = each.ntsc}).seq_fcp_rate->frames_per_second,
+                  each.rate)
+            << each.timebase << each.ntsc;
+}
+
+TEST(sequence_header, takes_timebase_29_for_30_whatever_ntsc_says_on_purpose)
+{
+    EXPECT_EQ(header_of({.timebase = 29, .ntsc = "TRUE"}).seq_fcp_rate, (frame_rate{30, false}));
+}
+
+TEST(sequence_header, takes_no_ntsc_for_false)
+{
+    const analyzed_document document(
+        sequence_with("<name>x</name><duration>1</duration><timecode><rate>"
+                      "<timebase>24.0</timebase></rate><frame>0</frame></timecode>"));
+    EXPECT_EQ(document.result.seq_fcp_rate, (frame_rate{24, false}));
+}
+
+TEST(sequence_header, refuses_a_rate_that_it_does_not_know)
+{
+    constexpr const char* message = "This sequence has no timebase";
+    for (const std::int64_t timebase : {48, 0, -25, 120})
+        EXPECT_EQ(message_of(xmeml().sequence("x", {.timebase = timebase}).text()), message);
+    EXPECT_EQ(message_of(sequence_with("<name>x</name><duration>1</duration>")), message);
+}
+
+TEST(sequence_header, tells_drop_frame_by_the_timecode_without_a_display_format)
+{
+    const auto displayformat = [](std::string_view markup) {
+        return analyzed_document(sequence_with("<name>x</name><duration>1</duration>" + timecode(markup)))
+            .result.seq_displayformat;
+    };
+    EXPECT_EQ(displayformat("<string>01:00:00;00</string>"), "DF");
+    EXPECT_EQ(displayformat("<string>01:00:00:00</string>"), "NDF");
+    EXPECT_EQ(displayformat(""), "NDF");
+    EXPECT_EQ(displayformat("<string>01:00:00;00</string><displayformat>NDF</displayformat>"), "NDF");
+    EXPECT_EQ(displayformat("<displayformat>odd</displayformat>"), "odd");
+    EXPECT_EQ(displayformat("<displayformat/>"), "");
+}
+
+TEST(sequence_header, says_what_is_missing)
+{
+    EXPECT_THAT(message_of(sequence_with("<duration>1</duration>" + timecode(""))),
+                testing::StartsWith(R"(The sequence has no "name" element.)"));
+    EXPECT_THAT(message_of(sequence_with("<name>Reel 1</name>" + timecode(""))),
+                testing::StartsWith(R"(The sequence "Reel 1" has no "duration" element.)"));
+    EXPECT_THAT(message_of(sequence_with("<name>Reel 1</name><duration>1</duration><timecode><rate>"
+                                         "<timebase>25</timebase></rate></timecode>")),
+                testing::StartsWith(R"(The sequence "Reel 1" has no "timecode/frame" element.)"));
+}
+
+} // namespace
+
+} // namespace tallyframe
