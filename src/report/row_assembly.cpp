@@ -49,7 +49,7 @@ std::vector<std::string> ticked_labels(char letter, const std::vector<int>& tick
 clip_record clip_row_of(const generator_record& generator)
 {
     clip_record row;
-    static_cast<track_position&>(row) = generator;
+    static_cast<track_position&>(row) = static_cast<const track_position&>(generator);
     row.name = generator.name;
     row.type = generator.type;
     row.enabled = generator.enabled;
@@ -108,7 +108,7 @@ void remove_video_clip_audio(std::vector<const clip_record*>& clips, std::size_t
         video_paths.insert(clip.path);
     const auto start = clips.begin() + static_cast<std::ptrdiff_t>(first);
     clips.erase(std::remove_if(start, clips.end(),
-                               [&](const clip_record* clip) { return video_paths.count(clip->path) != 0; }),
+                               [&](const clip_record* clip) { return video_paths.contains(clip->path); }),
                 clips.end());
 }
 

@@ -75,7 +75,7 @@ void sheet_names::add(std::string_view name)
 
 bool sheet_names::contains(std::string_view name) const
 {
-    return keys_.count(xls::sheet_name_key(name)) != 0;
+    return keys_.contains(xls::sheet_name_key(name));
 }
 
 std::string successor(std::string name)
