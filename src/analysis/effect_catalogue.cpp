@@ -270,6 +270,7 @@ bool is_apple_filter(std::string_view effectid)
 std::vector<std::string> apple_filter_effectids()
 {
     std::vector<std::string> effectids;
+    effectids.reserve(wrapped_filters.size() + named_filters.size() + audio_units.size());
     for (const std::string_view guid : wrapped_filters)
         effectids.push_back(std::string(wrapper_prefix).append(guid));
     effectids.insert(effectids.end(), named_filters.begin(), named_filters.end());

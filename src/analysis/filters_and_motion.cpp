@@ -142,12 +142,10 @@ std::vector<std::string> motion_names(const track_context& track, const clip_ite
 
 /// The fields that a filter or motion record takes from its clip.
 template <class Record>
-Record record_on(const analysis_walk& walk, const track_context& track, const clip_item& clip,
-                 std::string name)
+Record record_on(const analysis_walk& walk, const track_context& track, const clip_item& clip)
 {
     Record record;
     record.track_position::operator=(position_of(walk, track, clip.positions.start, clip.positions.end));
-    record.name = std::move(name);
     record.enabled = clip.enabled;
     record.clip_name = clip.name;
     return record;
@@ -161,7 +159,8 @@ void add_filters(const analysis_walk& walk, const track_context& track, const cl
     for (const clip_effect& each : clip.effects) {
         if (!has_child_with_text(each.effect, "effecttype", "filter") || is_switched_off(each.filter))
             continue;
-        auto record = record_on<filter_record>(walk, track, clip, name_of(each.effect));
+        auto record = record_on<filter_record>(walk, track, clip);
+        record.name = name_of(each.effect);
         const auto effectid = each.effect.text_of("effectid");
         record.apple = effectid && is_apple_filter(*effectid);
         records.push_back(std::move(record));
@@ -174,8 +173,11 @@ void add_motion(const analysis_walk& walk, const track_context& track, const cli
     for (const clip_effect& each : clip.effects) {
         if (!has_child_with_text(each.effect, "effecttype", "motion"))
             continue;
-        for (std::string& name : motion_names(track, clip, each, speed))
-            records.push_back(record_on<motion_record>(walk, track, clip, std::move(name)));
+        for (std::string& name : motion_names(track, clip, each, speed)) {
+            auto record = record_on<motion_record>(walk, track, clip);
+            record.name = std::move(name);
+            records.push_back(std::move(record));
+        }
     }
 }
 

@@ -6,7 +6,6 @@
 
 #include <cmath>
 #include <cstdint>
-#include <limits>
 #include <numeric>
 
 namespace tallyframe {
@@ -76,7 +75,7 @@ std::optional<rational> image_time_of(const source_frames& source, const file_re
     const std::int64_t denominator = *nominal * (file.fcp_rate->is_floating ? 1000 : 1);
 
     const double frames = rounded(*source.first - file.timecode_frame);
-    constexpr double most_frames = static_cast<double>(std::numeric_limits<std::int64_t>::max() / 1024);
+    constexpr double most_frames = 0x1p53; // with any step it fits
     if (!(std::abs(frames) < most_frames))
         return std::nullopt;
     const std::int64_t numerator = static_cast<std::int64_t>(frames) * numerator_step;

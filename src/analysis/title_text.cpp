@@ -27,7 +27,7 @@ std::string base64_decoded(std::string_view base64)
     const std::string padded = std::string(base64) + "===";
     gsize size = 0;
     const std::unique_ptr<guchar, decltype(&g_free)> bytes(g_base64_decode(padded.c_str(), &size), &g_free);
-    return std::string(reinterpret_cast<const char*>(bytes.get()), size);
+    return {reinterpret_cast<const char*>(bytes.get()), size};
 }
 
 /// The first run of more than three printable ASCII characters, or the empty text. In UTF-16 every letter is

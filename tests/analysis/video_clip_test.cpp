@@ -182,6 +182,16 @@ TEST(video_clip, reads_its_notes_trimmed)
     EXPECT_EQ(notes.clipcommentb, "cb");
 }
 
+TEST(video_clip, takes_the_first_of_several_notes)
+{
+    const clip_notes notes =
+        only_clip({clip("A").with("<logginginfo><scene>1</scene><scene>2</scene></logginginfo>"
+                                  "<logginginfo><scene>3</scene><lognote>x</lognote></logginginfo>")})
+            .notes;
+    EXPECT_EQ(notes.scene, "1");
+    EXPECT_EQ(notes.lognote, "x");
+}
+
 TEST(video_clip, takes_its_label_from_either_element)
 {
     const auto label = [](std::string_view markup) {
