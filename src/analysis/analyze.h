@@ -20,8 +20,12 @@ namespace tallyframe {
 /// elements copied into nested-sequence clips, notes of master clips copied into clip items, keyframed scale
 /// values joined.
 ///
-/// Writes the diagnostics of the walk to `out`. Throws analysis_error ("This sequence has no timebase", or a
-/// sentence about a required element that is missing).
+/// Writes the diagnostics of the walk to `out`. Calls `display.begin` once and `display.advance` for each
+/// file element, marker of the sequence and item; closing the display is the caller's.
+///
+/// Throws analysis_error: "This sequence has no timebase" for a rate that is none of those supported, or a
+/// sentence that names the element that is missing, its item and its track. What display throws (a user's
+/// stop) passes through.
 analysis_result analyze(document_index& index, std::string_view uuid,
                         std::string_view import_video_audio_preference, track_checkboxes& video_checkboxes,
                         track_checkboxes& audio_checkboxes, diagnostics& out, progress& display);

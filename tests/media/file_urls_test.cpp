@@ -46,6 +46,7 @@ TEST(path_of_url, takes_a_text_without_a_scheme_as_a_relative_path)
     EXPECT_EQ(path_of_url("clip.mov"), "clip.mov");
     EXPECT_EQ(path_of_url("media/my%20clip.mov"), "media/my clip.mov");
     EXPECT_EQ(path_of_url("./media/clip.mov"), "media/clip.mov");
+    EXPECT_EQ(path_of_url("../media/a/../clip.mov"), "../media/clip.mov");
     EXPECT_EQ(path_of_url("Take 1: wide.mov"), "Take 1: wide.mov");
     EXPECT_EQ(path_of_url("12:30.mov"), "12:30.mov");
     EXPECT_EQ(path_of_url("/Media/clip.mov"), "/Media/clip.mov");
