@@ -86,7 +86,14 @@ const std::vector<std::string_view>& color_names()
 
 bool is_color(std::string_view text)
 {
-    return find_name(text) != nullptr || parse_rgb(text).has_value();
+    return color_value(text).has_value();
+}
+
+std::optional<std::uint32_t> color_value(std::string_view text)
+{
+    if (const named_color* const color = find_name(text))
+        return standard_colors.at(color->index - first_palette_index);
+    return parse_rgb(text);
 }
 
 palette::palette() : colors_(standard_colors)

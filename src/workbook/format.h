@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,5 +37,8 @@ const std::vector<std::string_view>& color_names();
 
 /// Whether a format accepts this text as its colour: a name of color_names() or "#RRGGBB".
 bool is_color(std::string_view text);
+
+/// The colour that such a text stands for, as 0xRRGGBB; nothing for any other text.
+std::optional<std::uint32_t> color_value(std::string_view text);
 
 } // namespace xls
