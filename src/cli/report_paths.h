@@ -31,7 +31,4 @@ private:
     std::unordered_set<std::string> taken_;
 };
 
-/// The title with all that no file name may hold, on any system, replaced; at most 100 characters.
-std::string file_name_part(std::string_view title);
-
 } // namespace tallyframe::cli
