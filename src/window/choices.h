@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "report/report_options.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace tallyframe::window {
+
+enum class appearance { system, light, dark };
+
+/// What the user has chosen, and finds again at the next start.
+struct choices {
+    int scope_tag = 0; ///< of importVideoAudioRadioButtons
+    report_options options; ///< with the saved layouts
+    appearance look = appearance::system;
+    QStringList recent_documents; ///< the latest first
+    QString save_folder; ///< of the last workbook; empty before the first
+};
+
+inline constexpr qsizetype recent_document_limit = 10;
+
+/// The widths of in-point pictures that the window offers, in pixels.
+inline constexpr int thumbnail_widths[] = {120, 160, 240, 320, 480, 640};
+
+/// Puts a document at the head of the recent ones.
+void remember_document(choices& kept, const QString& path);
+
+} // namespace tallyframe::window

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "report/report_options.h"
+
+#include <QWidget>
+#include <span>
+#include <string>
+#include <vector>
+
+class QComboBox;
+
+namespace tallyframe::window {
+
+/// A menu of row colours and the option that it stands for.
+struct color_popup {
+    const char* object_name; ///< also its key in the settings
+    std::string report_options::*option;
+    const char* title;
+    const char* tool_tip;
+};
+
+std::span<const color_popup> row_color_popups();
+
+/// The menus of the three row colours; each item is a colour's name and a swatch of it.
+class color_popups final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit color_popups(QWidget* parent = nullptr);
+
+    void set_options(const report_options& options);
+    void apply_to(report_options& options) const;
+
+signals:
+    void changed();
+
+private:
+    std::vector<QComboBox*> popups_;
+};
+
+} // namespace tallyframe::window

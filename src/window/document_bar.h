@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "document/sequence_catalogue.h"
+
+#include <QWidget>
+#include <vector>
+
+class QComboBox;
+class QPushButton;
+
+namespace tallyframe::window {
+
+/// The line on top: open a document, choose what to report of it, analyse, save.
+class document_bar final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit document_bar(QWidget* parent = nullptr);
+
+    /// Fills sequencesPopupMenu; its positions are those of the entries.
+    void set_entries(const std::vector<catalogue_entry>& entries);
+
+    /// Enables or disables sequencesPopupMenu and analyzeButton.
+    void set_menu_enabled(bool enabled);
+    bool is_menu_enabled() const;
+    void set_save_enabled(bool enabled);
+
+    int position() const;
+    QString title() const;
+
+signals:
+    void open_requested();
+    void analyze_requested();
+    void save_requested();
+
+    /// The user has chosen an entry of the menu.
+    void entry_chosen(int position);
+
+private:
+    QPushButton* add_button(const QString& text, const QString& object_name, const QString& tool_tip);
+
+    QComboBox* menu_;
+    QPushButton* analyze_button_;
+    QPushButton* save_button_;
+};
+
+} // namespace tallyframe::window

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "window/session_runner.h"
+
+#include <QString>
+
+namespace tallyframe::window {
+
+/// One line about what was analysed: its title, rate, size and sample rate.
+QString summary_of(const analysis_result& analysis, const QString& title);
+
+struct page_texts {
+    QString headline;
+    QString text;
+    bool offers_open = false;
+};
+
+/// What the window's middle says while there is nothing to preview: what is missing, and what to do next.
+page_texts texts_of_message(const session_runner& runner);
+
+} // namespace tallyframe::window

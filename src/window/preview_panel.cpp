@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include "window/preview_panel.h"
+
+#include "window/qt_text.h"
+#include "window/row_colors.h"
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLocale>
+#include <QTableView>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+namespace tallyframe::window {
+
+namespace {
+
+/// Rows that are looked at to find a column's width: the first screens, not a document of 60 000 rows.
+constexpr std::size_t rows_to_measure = 500;
+
+/// Characters beyond which a column is cut on the screen, so that one path does not hide what is beside it.
+constexpr double widest_column = 60;
+
+void set_up(QTableView& view)
+{
+    view.setObjectName("previewTableView");
+    view.setAccessibleName(preview_panel::tr("Preview of the clips sheet"));
+    view.setSelectionMode(QAbstractItemView::ContiguousSelection);
+    view.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    view.setWordWrap(false);
+    view.setTabKeyNavigation(false);
+    view.setCornerButtonEnabled(false);
+    view.verticalHeader()->setDefaultSectionSize(view.fontMetrics().height() + 6);
+    view.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    view.verticalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    view.horizontalHeader()->setHighlightSections(false);
+}
+
+} // namespace
+
+preview_panel::preview_panel(QWidget* parent)
+    : QWidget(parent), view_(new QTableView), summary_(new QLabel), counts_(new QLabel)
+{
+    set_up(*view_);
+    view_->setModel(&model_);
+    summary_->setObjectName("summaryLabel");
+    summary_->setTextFormat(Qt::PlainText);
+    summary_->setSizePolicy(QSizePolicy::Ignored,
+                            QSizePolicy::Preferred); // a long name does not widen the window
+    counts_->setObjectName("countsLabel");
+
+    auto* line = new QHBoxLayout;
+    line->addWidget(summary_, 1);
+    line->addWidget(counts_);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins({});
+    column->addLayout(line);
+    column->addWidget(view_, 1);
+}
+
+void preview_panel::show_table(preview_table table, const report_options& options)
+{
+    const QModelIndex kept = view_->currentIndex();
+    const int row = kept.row();
+    const int column = kept.column();
+    model_.set_table(std::move(table));
+    fit_columns();
+    show_colors(options);
+    const QLocale locale;
+    counts_->setText(tr("%1 rows, %2 columns")
+                         .arg(locale.toString(model_.rowCount()), locale.toString(model_.columnCount())));
+    if (row >= 0)
+        view_->setCurrentIndex(model_.index(std::min(row, model_.rowCount() - 1), column));
+}
+
+void preview_panel::show_colors(const report_options& options)
+{
+    const QColor background = view_->palette().color(QPalette::Base);
+    model_.set_row_colors(readable_on(background, row_color(options.video_row_color)),
+                          readable_on(background, row_color(options.audio_row_color)));
+}
+
+void preview_panel::set_summary(const QString& summary)
+{
+    summary_->setText(summary);
+    summary_->setToolTip(summary);
+}
+
+void preview_panel::clear()
+{
+    model_.set_table({});
+    summary_->clear();
+    counts_->clear();
+}
+
+void preview_panel::fit_columns()
+{
+    const int character = view_->fontMetrics().horizontalAdvance('0');
+    const int margin = 2 * character;
+    for (int column = 0; column < model_.columnCount(); ++column) {
+        const double width = model_.table().width(static_cast<std::size_t>(column), rows_to_measure);
+        const int pixels = static_cast<int>(std::min(width, widest_column) * character) + margin;
+        const int header = view_->horizontalHeader()->sectionSizeHint(column);
+        view_->setColumnWidth(column, std::max(pixels, header));
+    }
+}
+
+} // namespace tallyframe::window

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "window/saved_banner.h"
+
+#include "window/alert_sheet.h"
+#include "window/desktop_workspace.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QStyle>
+#include <QToolButton>
+
+namespace tallyframe::window {
+
+saved_banner::saved_banner(QWidget* parent) : QFrame(parent), text_(new QLabel)
+{
+    setObjectName("savedBanner");
+    setFrameShape(QFrame::StyledPanel);
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::AlternateBase);
+    text_->setObjectName("savedText");
+    text_->setTextFormat(Qt::PlainText);
+    text_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+
+    auto* open_button = new QPushButton(tr("Open &Workbook"));
+    open_button->setObjectName("openWorkbookButton");
+    open_button->setToolTip(tr("Open the workbook in the spreadsheet application"));
+    connect(open_button, &QPushButton::clicked, this, [this] {
+        say_if_not(open_file(path_), tr("No application on this computer opens Excel workbooks."));
+    });
+    auto* folder_button = new QPushButton(tr("Show in &Folder"));
+    folder_button->setObjectName("showInFolderButton");
+    folder_button->setToolTip(tr("Show the workbook in the file browser"));
+    connect(folder_button, &QPushButton::clicked, this,
+            [this] { say_if_not(show_in_folder(path_), tr("No file browser answered on this computer.")); });
+    auto* close_button = new QToolButton;
+    close_button->setObjectName("closeBannerButton");
+    close_button->setIcon(style()->standardIcon(QStyle::SP_DialogCloseButton));
+    close_button->setAutoRaise(true);
+    close_button->setToolTip(tr("Close this message"));
+    close_button->setAccessibleName(close_button->toolTip());
+    close_button->setFocusPolicy(Qt::StrongFocus);
+    connect(close_button, &QToolButton::clicked, this, &QWidget::hide);
+
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(8, 4, 4, 4);
+    row->addWidget(text_, 1);
+    row->addWidget(open_button);
+    row->addWidget(folder_button);
+    row->addWidget(close_button);
+    hide();
+}
+
+void saved_banner::show_saved(const QString& path)
+{
+    path_ = path;
+    const QFileInfo file(path);
+    text_->setText(tr("Saved %1").arg(file.fileName()));
+    text_->setToolTip(QDir::toNativeSeparators(path));
+    show();
+}
+
+void saved_banner::say_if_not(bool done, const QString& sentence)
+{
+    if (!done)
+        show_alert(window(), sentence, tr("The workbook is here:\n%1").arg(QDir::toNativeSeparators(path_)));
+}
+
+} // namespace tallyframe::window

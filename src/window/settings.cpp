@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: MIT
+#include "window/settings.h"
+
+#include "report/column_switches.h"
+#include "window/color_popups.h"
+#include "window/option_checkboxes.h"
+#include "window/qt_text.h"
+#include "window/saved_layouts.h"
+#include "window/time_column_rows.h"
+#include "workbook/format.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSettings>
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <limits>
+
+namespace tallyframe::window {
+
+namespace {
+
+struct named_adjustment {
+    const char* key;
+    std::int64_t time_adjustments::*member;
+};
+
+constexpr named_adjustment adjustments[] = {
+    {"hhmmssff_adj", &time_adjustments::hhmmssff_adj}, {"clock_adj", &time_adjustments::clock_adj},
+    {"frames_adj", &time_adjustments::frames_adj},     {"feetframes_adj", &time_adjustments::feetframes_adj},
+    {"seconds_adj", &time_adjustments::seconds_adj},
+};
+
+constexpr const char* appearance_names[] = {"system", "light", "dark"};
+
+std::array<std::span<const option_checkbox>, 3> all_checkboxes()
+{
+    return {sheet_checkboxes(), row_checkboxes(), picture_checkboxes()};
+}
+
+bool is_column_title(const std::string& title)
+{
+    return std::ranges::find(all_column_switches, title, &column_switch_entry::title)
+        != all_column_switches.end();
+}
+
+/// A whole number within its bounds; otherwise what `number` is.
+template <class Number>
+void read_number(const QSettings& settings, const QString& key, Number lowest, Number highest, Number& number)
+{
+    bool is_number = false;
+    const qlonglong value = settings.value(key).toLongLong(&is_number);
+    if (is_number && value >= lowest && value <= highest)
+        number = static_cast<Number>(value);
+}
+
+void read_flag(const QSettings& settings, const QString& key, bool& flag)
+{
+    const QString text = settings.value(key).toString();
+    if (text == "true" || text == "false")
+        flag = text == "true";
+}
+
+void read_colors(const QSettings& settings, report_options& options)
+{
+    for (const color_popup& popup : row_color_popups()) {
+        const std::string name = settings.value(popup.object_name).toString().toStdString();
+        if (std::ranges::find(xls::color_names(), name) != xls::color_names().end())
+            options.*popup.option = name;
+    }
+}
+
+QStringList format_names(const std::vector<time_format>& formats)
+{
+    QStringList names;
+    for (const time_format format : formats)
+        names.append(qt_text(std::ranges::find(time_formats, format, &time_format_name::format)->name));
+    return names;
+}
+
+void read_formats(const QSettings& settings, const QString& key, std::vector<time_format>& formats)
+{
+    if (!settings.contains(key))
+        return;
+    std::vector<time_format> read;
+    for (const QString& name : settings.value(key).toStringList()) {
+        const auto* known = std::ranges::find(time_formats, name.toStdString(), &time_format_name::name);
+        if (known != time_formats.end() && std::ranges::find(read, known->format) == read.end())
+            read.push_back(known->format);
+    }
+    const bool is_empty_on_purpose = settings.value(key).toString() == "none";
+    if (!read.empty() || is_empty_on_purpose)
+        formats = read;
+}
+
+QVariant formats_value(const std::vector<time_format>& formats)
+{
+    return formats.empty() ? QVariant("none") : QVariant(format_names(formats));
+}
+
+/// [{"name": "Conform", "checkboxes": {"Track": 1, …}}, …]
+QString layouts_as_json(const std::vector<column_layout>& layouts)
+{
+    QJsonArray list;
+    for (const column_layout& layout : layouts) {
+        QJsonObject states;
+        for (const column_layout::checkbox& box : layout.checkboxes)
+            states.insert(qt_text(box.title), box.state);
+        list.append(QJsonObject{{"name", qt_text(layout.name)}, {"checkboxes", states}});
+    }
+    return QString::fromUtf8(QJsonDocument(list).toJson(QJsonDocument::Compact));
+}
+
+std::vector<column_layout> layouts_from_json(const QString& text)
+{
+    std::vector<column_layout> layouts;
+    for (const QJsonValue& entry : QJsonDocument::fromJson(text.toUtf8()).array()) {
+        column_layout layout{entry["name"].toString().toStdString(), {}};
+        const QJsonObject states = entry["checkboxes"].toObject();
+        for (auto state = states.begin(); state != states.end(); ++state) {
+            std::string title = state.key().toStdString();
+            if (is_column_title(title))
+                layout.checkboxes.push_back({std::move(title), state.value().toInt() != 0 ? 1 : 0});
+        }
+        layouts.push_back(std::move(layout));
+    }
+    return usable_layouts(std::move(layouts));
+}
+
+void read_layouts(const QSettings& settings, report_options& options)
+{
+    options.layouts_array = layouts_from_json(settings.value("layouts_array").toString());
+    const std::string chosen = settings.value("layoutsAppPopupMenu").toString().toStdString();
+    if (find_layout(chosen, options.layouts_array) < options.layouts_array.size())
+        options.layout = chosen;
+}
+
+void read_options(const QSettings& settings, report_options& options)
+{
+    for (const auto checkboxes : all_checkboxes()) {
+        for (const option_checkbox& box : checkboxes)
+            read_flag(settings, box.object_name, options.*box.option);
+    }
+    read_colors(settings, options);
+    read_layouts(settings, options);
+    read_formats(settings, "timeline_time_columns", options.timeline_time_columns);
+    read_formats(settings, "source_time_columns", options.source_time_columns);
+    for (const named_adjustment& adjustment : adjustments) {
+        read_number<std::int64_t>(settings, adjustment.key, -adjustment_limit, adjustment_limit,
+                                  options.adjustments.*adjustment.member);
+    }
+    std::int64_t width = 0;
+    read_number<std::int64_t>(settings, "thumbnail_width", 1, std::numeric_limits<int>::max(), width);
+    if (std::ranges::find(thumbnail_widths, width) != std::end(thumbnail_widths))
+        options.thumbnail_width = width;
+}
+
+void save_options(QSettings& settings, const report_options& options)
+{
+    for (const auto checkboxes : all_checkboxes()) {
+        for (const option_checkbox& box : checkboxes)
+            settings.setValue(box.object_name, options.*box.option);
+    }
+    for (const color_popup& popup : row_color_popups())
+        settings.setValue(popup.object_name, qt_text(options.*popup.option));
+    settings.setValue("layouts_array", layouts_as_json(options.layouts_array));
+    settings.setValue("layoutsAppPopupMenu", qt_text(options.layout.value_or("")));
+    settings.setValue("timeline_time_columns", formats_value(options.timeline_time_columns));
+    settings.setValue("source_time_columns", formats_value(options.source_time_columns));
+    for (const named_adjustment& adjustment : adjustments)
+        settings.setValue(adjustment.key, qlonglong{options.adjustments.*adjustment.member});
+    settings.setValue("thumbnail_width", qlonglong{options.thumbnail_width});
+}
+
+} // namespace
+
+void remember_document(choices& kept, const QString& path)
+{
+    kept.recent_documents.removeAll(path);
+    kept.recent_documents.prepend(path);
+    kept.recent_documents.resize(std::min(kept.recent_documents.size(), recent_document_limit));
+}
+
+choices load_choices(const QSettings& settings)
+{
+    choices kept;
+    read_options(settings, kept.options);
+    read_number(settings, "importVideoAudioRadioButtons", 0, 2, kept.scope_tag);
+    const auto* look = std::ranges::find(appearance_names, settings.value("appearance").toString());
+    if (look != std::end(appearance_names))
+        kept.look = static_cast<appearance>(look - appearance_names);
+    kept.recent_documents = settings.value("recent_documents").toStringList().mid(0, recent_document_limit);
+    kept.recent_documents.removeAll(QString());
+    kept.save_folder = settings.value("save_folder").toString();
+    return kept;
+}
+
+void save_choices(QSettings& settings, const choices& kept)
+{
+    save_options(settings, kept.options);
+    settings.setValue("importVideoAudioRadioButtons", kept.scope_tag);
+    settings.setValue("appearance", appearance_names[static_cast<int>(kept.look)]);
+    settings.setValue("recent_documents", kept.recent_documents);
+    settings.setValue("save_folder", kept.save_folder);
+}
+
+} // namespace tallyframe::window

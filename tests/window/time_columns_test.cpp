@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+#include "window/time_column_rows.h"
+#include "window/time_columns_editor.h"
+
+#include <gmock/gmock.h>
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+#include <QTableView>
+#include <QToolButton>
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace tallyframe::window {
+
+namespace {
+
+std::vector<time_format> formats_of(const std::vector<time_column_row>& rows)
+{
+    std::vector<time_format> formats;
+    for (const time_column_row& row : rows)
+        formats.push_back(row.format);
+    return formats;
+}
+
+} // namespace
+
+TEST(time_column_rows, list_the_chosen_formats_in_their_order_and_then_the_others)
+{
+    const auto rows = time_column_rows({time_format::seconds, time_format::clock, time_format::seconds}, {});
+    EXPECT_THAT(formats_of(rows),
+                ElementsAre(time_format::seconds, time_format::clock, time_format::timecode,
+                            time_format::frames, time_format::feet_and_frames));
+    EXPECT_THAT(chosen_formats(rows), ElementsAre(time_format::seconds, time_format::clock));
+    EXPECT_THAT(chosen_formats(time_column_rows({}, {})), IsEmpty());
+}
+
+TEST(time_column_rows, keep_each_adjustment_with_its_format)
+{
+    const time_adjustments adjustments{
+        .hhmmssff_adj = 1, .clock_adj = 2, .frames_adj = 3, .feetframes_adj = -4, .seconds_adj = -5};
+    auto rows = time_column_rows({time_format::seconds}, adjustments);
+    EXPECT_EQ(rows[0], (time_column_row{time_format::seconds, true, -5}));
+    EXPECT_EQ(move_down(rows, 0), 1U);
+    const time_adjustments kept = adjustments_of(rows);
+    EXPECT_EQ(kept.hhmmssff_adj, 1);
+    EXPECT_EQ(kept.clock_adj, 2);
+    EXPECT_EQ(kept.frames_adj, 3);
+    EXPECT_EQ(kept.feetframes_adj, -4);
+    EXPECT_EQ(kept.seconds_adj, -5);
+}
+
+TEST(time_column_rows, move_by_one_place_and_not_beyond_the_ends)
+{
+    auto rows = time_column_rows({}, {});
+    EXPECT_EQ(move_up(rows, 0), 0U);
+    EXPECT_EQ(move_down(rows, 4), 4U);
+    EXPECT_EQ(move_up(rows, 4), 3U);
+    EXPECT_THAT(formats_of(rows),
+                ElementsAre(time_format::timecode, time_format::clock, time_format::frames,
+                            time_format::seconds, time_format::feet_and_frames));
+}
+
+TEST(time_columns_model, keeps_the_rules_of_item_models)
+{
+    time_columns_model model(true);
+    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    model.set_rows(time_column_rows({time_format::timecode}, {}));
+    EXPECT_EQ(model.move(0, true), 1);
+    EXPECT_EQ(model.columnCount(), 2);
+    EXPECT_EQ(time_columns_model(false).columnCount(), 1);
+}
+
+TEST(time_columns_model, takes_ticks_and_signed_adjustments_within_their_limits)
+{
+    time_columns_model model(true);
+    model.set_rows(time_column_rows({time_format::timecode}, {}));
+    const QSignalSpy changes(&model, &time_columns_model::changed);
+    EXPECT_TRUE(model.setData(model.index(1, 0), Qt::Checked, Qt::CheckStateRole));
+    EXPECT_TRUE(model.setData(model.index(0, 1), 12, Qt::EditRole));
+    EXPECT_EQ(model.index(0, 1).data().toString(), "+12");
+    EXPECT_TRUE(model.setData(model.index(0, 1), -999999999, Qt::EditRole));
+    EXPECT_EQ(model.rows()[0].adjustment, -adjustment_limit);
+    EXPECT_FALSE(model.setData(model.index(0, 1), "a frame", Qt::EditRole));
+    EXPECT_EQ(changes.count(), 3);
+    EXPECT_THAT(chosen_formats(model.rows()), ElementsAre(time_format::timecode, time_format::clock));
+}
+
+TEST(time_columns_editor, moves_the_selected_format_with_its_buttons)
+{
+    time_columns_editor editor("Timeline times", "timelineColumnsTableView", true);
+    editor.model().set_rows(time_column_rows({time_format::timecode}, {}));
+    auto* down = editor.findChild<QToolButton*>("timelineColumnsTableViewMoveDownButton");
+    auto* up = editor.findChild<QToolButton*>("timelineColumnsTableViewMoveUpButton");
+    EXPECT_FALSE(down->isEnabled());
+    auto* table = editor.findChild<QTableView*>("timelineColumnsTableView");
+    table->setCurrentIndex(editor.model().index(0, 0));
+    EXPECT_FALSE(up->isEnabled());
+    down->click();
+    down->click();
+    up->click();
+    EXPECT_EQ(formats_of(editor.model().rows())[1], time_format::timecode);
+    EXPECT_EQ(table->currentIndex().row(), 1);
+}
+
+} // namespace tallyframe::window
