@@ -4,7 +4,6 @@
 // 16-bit units and 0 for 8-bit units, and the units.
 //
 //     BOF          version 2 | kind 2 | build 2 | year 2 | history 4 | lowest version 4
-//     CODEPAGE     1200 (UTF-16) 2
 //     WINDOW1      x 2 | y 2 | width 2 | height 2 | flags 2 | active sheet 2 | first tab 2 | selected 2 | tab
 //     ratio 2 DATEMODE     0 (days count from 1900) 2 FONT         height 2 | flags 2 | colour 2 | weight 2 |
 //     raised 2 | underline 1 | family 1 | charset 1 | 0 1 | text FORMAT       index 2 | text XF font 2 |
@@ -82,13 +81,6 @@ void eof(byte_writer& out)
     const record eof_record(out, record_id::eof);
 }
 
-void codepage(byte_writer& out)
-{
-    constexpr std::uint16_t utf16 = 1200;
-    const record codepage_record(out, record_id::codepage);
-    out.u16(utf16);
-}
-
 void window1(byte_writer& out)
 {
     constexpr std::uint16_t scroll_bars_and_tabs = 0x0038;
@@ -103,12 +95,6 @@ void window1(byte_writer& out)
     out.u16(0);
     out.u16(1);
     out.u16(tab_ratio);
-}
-
-void date_mode(byte_writer& out)
-{
-    const record date_record(out, record_id::date_mode);
-    out.u16(0);
 }
 
 void font(byte_writer& out, const font_description& font)

@@ -15,9 +15,7 @@ enum class substream : std::uint16_t { globals = 0x0005, sheet = 0x0010 };
 
 void bof(byte_writer& out, substream kind);
 void eof(byte_writer& out);
-void codepage(byte_writer& out);
 void window1(byte_writer& out);
-void date_mode(byte_writer& out);
 
 struct font_description {
     std::u16string name; ///< 1 to 31 units

@@ -2,7 +2,9 @@
 //
 //     BOF
 //     INDEX                       where the DBCELL records stand
+//     settings
 //     DEFAULTROWHEIGHT
+//     settings of the page
 //     DEFCOLWIDTH
 //     COLINFO ...
 //     DIMENSIONS
@@ -18,6 +20,7 @@
 
 #include "workbook/globals_records.h"
 #include "workbook/record.h"
+#include "workbook/setting_records.h"
 
 #include <algorithm>
 
@@ -148,7 +151,9 @@ void sheet_stream::write_head(std::size_t position)
     const auto index_offset = head_.size();
 
     byte_writer behind_index;
+    records::calculation_settings(behind_index);
     records::default_row_height(behind_index, height_of_xf_[default_cell_xf]);
+    records::page_settings(behind_index);
     records::index_description index{
         .first_row = static_cast<std::uint32_t>(first_block_ * rows_per_block),
         .end_row = static_cast<std::uint32_t>(end_row_),

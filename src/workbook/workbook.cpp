@@ -4,6 +4,7 @@
 #include "workbook/compound_file.h"
 #include "workbook/saved_file.h"
 #include "workbook/sheet_name.h"
+#include "workbook/unicode.h"
 #include "workbook/workbook_content.h"
 #include "workbook/workbook_stream.h"
 
@@ -13,6 +14,8 @@
 namespace xls {
 
 namespace {
+
+constexpr std::size_t property_limit = 255; ///< characters of a title
 
 std::string with_thousands(std::size_t number)
 {
@@ -39,8 +42,8 @@ compound_content finished_content(workbook_content& content)
     drop_unused_texts(content);
     const auto stream = std::make_shared<const workbook_stream>(content);
     return {
-        .title = content.properties.title,
-        .application = content.properties.application,
+        .title = valid_utf8(content.properties.title, property_limit).utf8,
+        .application = valid_utf8(content.properties.application, property_limit).utf8,
         .write_workbook = [stream](const byte_sink& sink) { stream->write(sink); },
     };
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 //     BOF
-//     CODEPAGE, WINDOW1, DATEMODE
+//     settings, WINDOW1, settings
 //     FONT ... FORMAT ... XF ... STYLE, PALETTE
 //     BOUNDSHEET ...                               the sheets' names and where they start
 //     MSODRAWINGGROUP, CONTINUE ...
@@ -11,6 +11,7 @@
 #include "workbook/workbook_stream.h"
 
 #include "workbook/globals_records.h"
+#include "workbook/setting_records.h"
 #include "workbook/unicode.h"
 
 #include <algorithm>
@@ -42,9 +43,9 @@ std::vector<sheet_shapes> shapes_of(const std::vector<std::unique_ptr<sheet_cont
 workbook_stream::workbook_stream(const workbook_content& content)
 {
     records::bof(globals_, records::substream::globals);
-    records::codepage(globals_);
+    records::settings_before_window(globals_, content.sheets.size());
     records::window1(globals_);
-    records::date_mode(globals_);
+    records::settings_behind_window(globals_);
     content.formats.write(globals_);
     std::vector<std::size_t> position_offsets;
     for (const auto& sheet : content.sheets)
