@@ -21,22 +21,22 @@ template <std::size_t body_size>
 using cell_record = std::array<std::uint8_t, record_header_size + body_size>;
 
 /// A text by its number in the shared strings.
-cell_record<10> label_sst(cell_place cell, std::uint32_t text);
+cell_record<10> label_sst(cell_place place, std::uint32_t text);
 
 /// A finite number in 64 bits.
-cell_record<14> number(cell_place cell, double value);
+cell_record<14> number(cell_place place, double value);
 
 /// A number that compressed_number could compress.
-cell_record<10> rk(cell_place cell, std::uint32_t compressed);
+cell_record<10> rk(cell_place place, std::uint32_t compressed);
 
 /// The number in the 30 bits of an RK record, when that loses nothing: a whole number, a hundredth of one,
 /// or a number whose low 34 bits are 0.
 std::optional<std::uint32_t> compressed_number(double value);
 
 enum class error_code : std::uint8_t { number = 0x24 }; ///< #NUM!
-cell_record<8> error(cell_place cell, error_code code);
+cell_record<8> error(cell_place place, error_code code);
 
-cell_record<6> blank(cell_place cell);
+cell_record<6> blank(cell_place place);
 
 /// What a reader of cell records needs to know of one.
 struct cell_view {

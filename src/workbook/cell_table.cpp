@@ -16,11 +16,12 @@ constexpr std::size_t no_record = std::numeric_limits<std::size_t>::max();
 constexpr std::size_t last_column_size = sizeof(std::uint16_t);
 
 /// Appends the blanks of a run from column `first` to before `end`, one record each.
-void append_blanks(std::vector<std::uint8_t>& out, const records::cell_view& cells, int first, int end)
+void append_blanks(std::vector<std::uint8_t>& out, const records::cell_view& run, std::size_t first,
+                   std::size_t end)
 {
-    for (auto column = static_cast<std::uint16_t>(first); column < end; ++column) {
-        const auto xf = cells.xf(static_cast<std::size_t>(column - cells.first_column()));
-        const auto record = records::blank({cells.row(), column, xf});
+    for (auto column = first; column < end; ++column) {
+        const auto xf = run.xf(column - run.first_column());
+        const auto record = records::blank({run.row(), static_cast<std::uint16_t>(column), xf});
         out.insert(out.end(), record.begin(), record.end());
     }
 }
@@ -83,7 +84,7 @@ bool row_block::splice(std::size_t row, records::cell_place place, byte_view rec
         const auto old = records::cell_at(cells_, offset);
         append_blanks(pieces, old, old.first_column(), place.column);
         pieces.insert(pieces.end(), record.begin(), record.end());
-        append_blanks(pieces, old, place.column + 1, old.last_column() + 1);
+        append_blanks(pieces, old, place.column + 1U, old.last_column() + 1U);
         replaced = old.bytes.size();
     } else {
         pieces.assign(record.begin(), record.end());

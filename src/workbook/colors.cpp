@@ -77,6 +77,7 @@ const std::vector<std::string_view>& color_names()
 {
     static const std::vector<std::string_view> names = [] {
         std::vector<std::string_view> all;
+        all.reserve(named_colors.size());
         for (const auto& color : named_colors)
             all.push_back(color.name);
         return all;

@@ -69,22 +69,26 @@ private:
     GsfOutput* sink_;
 };
 
+/// A property's value, which the properties take over.
+GValue* new_value(GType type)
+{
+    return g_value_init(g_new0(GValue, 1), type);
+}
+
 void insert_text(GsfDocMetaData* properties, const char* name, const std::string& text)
 {
     if (text.empty())
         return;
-    auto* value = g_new0(GValue, 1);
-    g_value_init(value, G_TYPE_STRING);
+    auto* value = new_value(G_TYPE_STRING);
     g_value_set_string(value, text.c_str());
     gsf_doc_meta_data_insert(properties, g_strdup(name), value);
 }
 
 void write_properties(const open_output& out, const compound_content& content)
 {
-    constexpr int utf8 = 65001;
+    constexpr int utf8 = 65001; // whatever the machine's own encoding is
     const object_ptr<GsfDocMetaData> properties(gsf_doc_meta_data_new());
-    auto* codepage = g_new0(GValue, 1);
-    g_value_init(codepage, G_TYPE_INT);
+    auto* codepage = new_value(G_TYPE_INT);
     g_value_set_int(codepage, utf8);
     gsf_doc_meta_data_insert(properties.get(), g_strdup(GSF_META_NAME_CODEPAGE), codepage);
     insert_text(properties.get(), GSF_META_NAME_TITLE, content.title);

@@ -36,7 +36,7 @@ struct xf_description {
     bool wrap = false;
     bool operator==(const xf_description&) const = default;
 };
-void cell_xf(byte_writer& out, const xf_description& xf);
+void cell_xf(byte_writer& out, const xf_description& description);
 
 /// A format of a named style; `unused`: the bits of the groups that the style leaves alone.
 void style_xf(byte_writer& out, std::uint16_t font, std::uint16_t number_format, std::uint8_t unused);

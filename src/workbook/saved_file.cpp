@@ -4,12 +4,12 @@
 #include "workbook/workbook.h"
 
 #include <cerrno>
+#include <csignal>
 #include <string>
 #include <system_error>
 
 #if __has_include(<unistd.h>)
 #include <fcntl.h>
-#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #define XLS_HAS_POSIX 1
@@ -61,10 +61,9 @@ std::FILE* create_file(const fs::path& path, const fs::path& older)
         return nullptr;
     if (replaces) {
         constexpr mode_t permission_bits = 07777;
+        constexpr mode_t bits_of_any_owner = 0777; // a foreign owner's set-user-ID bit must not become ours
         const bool same_owner = fchown(descriptor, status.st_uid, status.st_gid) == 0;
-        // A foreign owner's set-user-ID bit must not become ours.
-        fchmod(descriptor,
-               status.st_mode & (same_owner ? permission_bits : permission_bits & ~(S_ISUID | S_ISGID)));
+        fchmod(descriptor, status.st_mode & (same_owner ? permission_bits : bits_of_any_owner));
     }
     return fdopen(descriptor, "wb");
 }

@@ -24,7 +24,7 @@ struct index_description {
     std::size_t column_width_position = 0; ///< stream position of DEFCOLWIDTH
     std::vector<std::size_t> db_cell_positions; ///< stream positions of the DBCELL records
 };
-void index(byte_writer& out, const index_description& index);
+void index(byte_writer& out, const index_description& description);
 std::size_t index_size(std::size_t db_cells); ///< of the whole record
 
 void default_row_height(byte_writer& out, std::uint16_t twips);
@@ -44,7 +44,7 @@ struct row_description {
     std::uint16_t height = 0; ///< twips
     bool height_is_set = false; ///< by hand; otherwise readers may fit it to the row's texts
 };
-void row(byte_writer& out, const row_description& row);
+void row(byte_writer& out, const row_description& description);
 inline constexpr std::size_t row_size = 20; ///< of the whole record
 
 /// `to_first_row`: bytes back from this record to the block's first ROW record. `to_cells`: for each row of

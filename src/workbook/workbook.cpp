@@ -50,10 +50,10 @@ compound_content finished_content(workbook_content& content)
 
 } // namespace
 
-too_many_rows::too_many_rows(std::string name, std::size_t row_count)
-    : workbook_error("The sheet \"" + name + "\" has " + with_thousands(row_count)
+too_many_rows::too_many_rows(std::string sheet_name, std::size_t row_count)
+    : workbook_error("The sheet \"" + sheet_name + "\" has " + with_thousands(row_count)
                      + " rows, but an Excel 97-2003 sheet holds 65,536."),
-      sheet(std::move(name)), rows(row_count)
+      sheet(std::move(sheet_name)), rows(row_count)
 {
 }
 

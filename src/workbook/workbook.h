@@ -26,7 +26,7 @@ class workbook_error : public std::runtime_error {
 /// A sheet has more rows than an Excel 97-2003 sheet holds (65 536). what() names the sheet and its rows.
 class too_many_rows : public workbook_error {
 public:
-    too_many_rows(std::string sheet, std::size_t rows);
+    too_many_rows(std::string sheet_name, std::size_t row_count);
     std::string sheet;
     std::size_t rows;
 };
