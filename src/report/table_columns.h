@@ -38,7 +38,7 @@ struct row_context {
     sequence_clock clock;
 };
 
-/// The cells of one column. `value` must not outlive what it was made from: the options of the report.
+/// The cells of one column.
 template <class Record>
 struct table_column {
     cell_kind kind = cell_kind::text;

@@ -98,6 +98,17 @@ TEST(files_summary, is_sorted_by_name_in_character_code)
     EXPECT_THAT(sheet.column(3), ElementsAre("File Path", "/2/A.mov", "/3/a.mov", "/0/a.mov", "/1/b.mov"));
 }
 
+TEST(files_summary, keeps_files_of_one_name_in_the_order_met)
+{
+    test::written_report report;
+    std::vector<std::string> paths = {"File Path"};
+    for (int i = 0; i < 40; ++i) {
+        paths.push_back("/" + std::to_string(i * 7 % 40) + "/clip.mov");
+        report.analysis.video_clip_data_array.push_back(test::clip_of_file(paths.back(), "V1", i, i));
+    }
+    EXPECT_THAT(files_summary(report).column(3), testing::ElementsAreArray(paths));
+}
+
 TEST(files_summary, counts_generators_under_the_empty_path)
 {
     test::written_report report;
