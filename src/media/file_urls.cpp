@@ -144,7 +144,7 @@ std::optional<std::string> path_of_url(std::string_view pathurl)
 
 std::string_view last_path_component(std::string_view path)
 {
-    if (path.size() > 1 && path.ends_with('/'))
+    while (path.size() > 1 && path.ends_with('/'))
         path.remove_suffix(1);
     return path.substr(path.rfind('/') + 1);
 }

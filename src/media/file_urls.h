@@ -13,7 +13,7 @@ namespace tallyframe {
 /// not UTF-8 once decoded.
 std::optional<std::string> path_of_url(std::string_view pathurl);
 
-/// Last component of a path; a trailing "/" is ignored.
+/// Last component of a path; "/" at its end is ignored.
 std::string_view last_path_component(std::string_view path);
 
 } // namespace tallyframe

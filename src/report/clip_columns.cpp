@@ -5,6 +5,8 @@
 #include "report/shared_rows.h"
 #include "report/time_cells.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -83,10 +85,7 @@ double leading_number(std::string_view text)
 /// "48 kHz" for 48000 samples a second, "44.1 kHz" for 44100.
 std::string sample_rate_text(std::string_view samplerate)
 {
-    const double kilohertz = leading_number(samplerate) / 1000.0;
-    char digits[32];
-    const auto written = std::to_chars(std::begin(digits), std::end(digits), kilohertz);
-    return std::string(digits, written.ptr) + " kHz";
+    return fmt::format("{} kHz", leading_number(samplerate) / 1000.0);
 }
 
 cell_value rate_text(const clip_record& clip, const row_context&)

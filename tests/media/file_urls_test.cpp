@@ -86,6 +86,8 @@ TEST(last_path_component, ignores_a_trailing_slash)
 {
     EXPECT_EQ(last_path_component("/Volumes/Media/a.mov"), "a.mov");
     EXPECT_EQ(last_path_component("/Volumes/Media/"), "Media");
+    EXPECT_EQ(last_path_component("/Volumes/Media//"), "Media");
+    EXPECT_EQ(last_path_component("/"), "");
     EXPECT_EQ(last_path_component("a.mov"), "a.mov");
     EXPECT_EQ(last_path_component(""), "");
 }

@@ -285,6 +285,8 @@ TEST(clip_columns, show_the_sample_rate_of_audio_in_kilohertz)
     EXPECT_EQ(shown_for("32000"), "32 kHz");
     EXPECT_EQ(shown_for("22050"), "22.05 kHz");
     EXPECT_EQ(shown_for(" 96000.0\n"), "96 kHz");
+    EXPECT_EQ(shown_for("100000000"), "100000 kHz");
+    EXPECT_EQ(shown_for("0.5"), "0.0005 kHz");
     EXPECT_EQ(shown_for(std::nullopt), "0 kHz");
     EXPECT_EQ(shown_for("unknown"), "0 kHz");
     EXPECT_EQ(shown_for("nan"), "0 kHz");
