@@ -7,6 +7,7 @@
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <utility>
 #include <vector>
@@ -14,6 +15,9 @@
 namespace xls {
 
 using byte_view = std::span<const std::uint8_t>;
+
+/// Takes bytes that follow those of the call before.
+using byte_sink = std::function<void(byte_view)>;
 
 /// The bytes of a number, lowest first, as every field of these files has them.
 template <std::unsigned_integral Number>

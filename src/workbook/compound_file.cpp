@@ -72,7 +72,7 @@ private:
 /// A property's value, which the properties take over.
 GValue* new_value(GType type)
 {
-    return g_value_init(g_new0(GValue, 1), type);
+    return g_value_init(g_new0(GValue, 1), type); // NOLINT(clang-analyzer-unix.Malloc): see above
 }
 
 void insert_text(GsfDocMetaData* properties, const char* name, const std::string& text)

@@ -11,8 +11,6 @@
 
 namespace xls {
 
-using byte_sink = std::function<void(byte_view)>;
-
 /// What an OLE2 compound file of ours holds.
 struct compound_content {
     std::string title; ///< document properties, UTF-8; an empty one is left out

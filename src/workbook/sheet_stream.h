@@ -8,12 +8,9 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <vector>
 
 namespace xls {
-
-using byte_sink = std::function<void(byte_view)>;
 
 /// What a sheet needs to know of its workbook.
 struct sheet_frame {

@@ -31,6 +31,7 @@ public:
     std::size_t rows;
 };
 
+/// What file managers and Excel show of a file; an empty text is left out.
 struct document_properties {
     std::string title = {};
     std::string application = {};
@@ -47,17 +48,20 @@ public:
     /// Called with a sentence whenever something had to be cut.
     void set_log(std::function<void(std::string_view)> log);
 
-    /// Throws workbook_error for a colour that is_color refuses.
+    /// Throws workbook_error for a colour that is_color refuses, a font name that is empty or longer than 31
+    /// characters, a number format longer than 255, and when the file has no room for a further look: it
+    /// holds 4 000 formats, 512 fonts, 200 number formats and 40 colours besides the named ones.
     format_id add_format(const format& format);
 
-    /// Throws workbook_error for a name that Excel refuses: empty, over 31 UTF-16 units, one of []:*?/\ in
-    /// it, an apostrophe at either end, or taken already (letter case ignored). The reference stays valid as
-    /// long as the workbook lives.
+    /// Throws workbook_error for a name that Excel refuses: empty, over 31 UTF-16 units, one of []:*?/\ or a
+    /// control character in it, an apostrophe at either end, "History", or taken already (letter case
+    /// ignored). The reference stays valid as long as the workbook lives.
     worksheet& add_worksheet(std::string_view name);
 
     /// Writes the file: whole beside its target first, then moved over it, so that a failure leaves an older
-    /// file as it was and nothing else behind. Follows a symbolic link to its target. Throws workbook_error
-    /// (nothing on the disk has changed) or too_many_rows (raised before a byte is written).
+    /// file as it was and nothing else behind. Follows a symbolic link to its target, keeps the permissions
+    /// of an older file, and refuses one that is read-only. Throws workbook_error (nothing on the disk has
+    /// changed) or too_many_rows (raised before a byte is written). May be called again after a failure.
     void close();
 
     /// The bytes that close would write. Throws as close does, the disk's failures excepted.

@@ -29,18 +29,20 @@ public:
     /// A blank cell that shows only its format.
     void write_blank(std::size_t row, std::size_t column, format_id format);
 
-    /// Width of the columns first to last in characters, as Excel's width box shows it (0 to 255), and the
-    /// format of their cells that hold nothing.
+    /// Width of the columns first to last in characters, as Excel's width box shows it (0 to 255; 0 hides
+    /// them), and the format of their cells that hold nothing. A character is a digit of the workbook's
+    /// default font, Arial 10, whatever fonts the cells have.
     void set_column(std::size_t first, std::size_t last, double width, format_id format = {});
 
-    /// Height of a row in points (0 to 409).
+    /// Height of a row in points (0 to 409; 0 hides it). A row without one is as high as its largest font.
     void set_row(std::size_t row, double height);
 
     /// Keeps the rows above `row` and the columns left of `column` in view while scrolling.
     void freeze_panes(std::size_t row, std::size_t column);
 
     /// A picture (JPEG or PNG file, read at once) whose upper left corner stands in the cell's corner, in its
-    /// own size at 96 dots an inch. Throws workbook_error when the file cannot be read or is of another kind.
+    /// own size at 96 dots an inch; it moves with the cell. Equal pictures are stored once. Throws
+    /// workbook_error when the file cannot be read or is of another kind.
     void insert_image(std::size_t row, std::size_t column, const std::filesystem::path& picture);
 
     worksheet(const worksheet&) = delete;
