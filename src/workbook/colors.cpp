@@ -29,6 +29,9 @@ constexpr std::array<std::uint32_t, 56> standard_colors{
     0x003366, 0x339966, 0x003300, 0x333300, 0x993300, 0x993366, 0x333399, 0x333333, // 56
 };
 
+/// Colours of charts, which Excel does not offer for cells, are the first to make room for others.
+constexpr std::size_t first_replaced = 24 - first_palette_index;
+
 struct named_color {
     std::string_view name;
     std::uint16_t index;
@@ -123,14 +126,15 @@ std::uint16_t palette::index_of_rgb(std::uint32_t rgb)
             return static_cast<std::uint16_t>(i + first_palette_index);
         }
     }
-    const auto free = std::ranges::find(taken_, false);
-    if (free == taken_.end())
-        throw workbook_error(
-            "A workbook holds 40 colours besides the named ones. Use fewer different colours.");
-    const auto entry = static_cast<std::size_t>(free - taken_.begin());
-    taken_[entry] = true;
-    colors_[entry] = rgb;
-    return static_cast<std::uint16_t>(entry + first_palette_index);
+    for (std::size_t i = 0; i < colors_.size(); ++i) {
+        const auto entry = (first_replaced + i) % colors_.size();
+        if (!taken_[entry]) {
+            taken_[entry] = true;
+            colors_[entry] = rgb;
+            return static_cast<std::uint16_t>(entry + first_palette_index);
+        }
+    }
+    throw workbook_error("A workbook holds 40 colours besides the named ones. Use fewer different colours.");
 }
 
 void palette::write(byte_writer& out) const

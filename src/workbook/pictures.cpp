@@ -153,6 +153,8 @@ void picture_store::write(byte_writer& out, const std::vector<sheet_shapes>& she
     art::header(head, art::kind::blip_store_container, art::container,
                 std::min(pictures_.size(), most_instances), store_size);
 
+    const auto size = head.size() + store_size + defaults.size();
+    out.reserve(out.size() + size + (size / record_limit + 1) * record_header_size);
     continued_record record(out, record_id::drawing_group);
     write_split(out, record, head.view());
     for (const auto& [file, identifier, uses] : pictures_) {
