@@ -118,7 +118,7 @@ public:
 
     /// Gives the memory up to the end of the process: a program that is about to leave saves the walk over
     /// millions of nodes.
-    void leave_to_process_end() { (void)document_.release(); }
+    void leave_to_process_end();
 
 private:
     struct free_document {
