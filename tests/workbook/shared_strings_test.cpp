@@ -208,6 +208,19 @@ TEST(shared_strings, finds_texts_again_among_many)
     EXPECT_EQ(table.texts[12345].text, u"Clip 12345");
 }
 
+TEST(shared_strings, tells_texts_of_every_length_apart)
+{
+    xls::shared_strings strings;
+    std::uint32_t count = 0;
+    for (std::size_t size = 1; size <= 70; ++size)
+        for (std::size_t changed = 0; changed < size; ++changed) {
+            std::string text(size, 'x');
+            text[changed] = 'y';
+            ASSERT_EQ(strings.add(text).index, count) << size << ' ' << changed;
+            ASSERT_EQ(strings.add(text).index, count++);
+        }
+}
+
 TEST(shared_strings, breaks_at_legal_places_wherever_the_record_ends)
 {
     for (const char32_t before : {U'x', U'\u00eb', U'\u65e5', U'\U0001F3AC'}) {
