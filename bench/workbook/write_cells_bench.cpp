@@ -58,7 +58,7 @@ void write_cells_and_close(benchmark::State& state)
         book.close();
     }
     state.counters["cells_per_second"] = benchmark::Counter(static_cast<double>(rows * columns),
-                                                 benchmark::Counter::kIsIterationInvariantRate);
+                                                            benchmark::Counter::kIsIterationInvariantRate);
     const auto size = static_cast<double>(std::filesystem::file_size(path));
     state.counters["file_MB"] = size / 1e6;
     state.counters["memory_by_file"] = (peak_memory() - before) / size;
