@@ -31,8 +31,9 @@ public:
 private:
     thumbnail_folder(std::filesystem::path path, std::filesystem::path place);
 
-    std::filesystem::path path_; ///< empty once it is moved or kept
-    std::filesystem::path place_; ///< empty for a temporary one
+    std::filesystem::path path_; ///< empty once it is moved from
+    std::filesystem::path place_; ///< where it goes when it is kept; empty for a temporary one
+    bool is_kept_ = false;
 };
 
 } // namespace tallyframe

@@ -7,6 +7,7 @@
 #include "report/row_assembly.h"
 #include "report/row_formats.h"
 #include "report/sheet_set.h"
+#include "sheets/audio_tags.h"
 #include "sheets/clip_rows.h"
 #include "sheets/effect_sheets.h"
 #include "sheets/generators_sheet.h"
@@ -14,11 +15,14 @@
 #include "sheets/reel_sheets.h"
 #include "sheets/report_frame.h"
 #include "sheets/summary_sheets.h"
+#include "sheets/thumbnails.h"
 #include "workbook/workbook.h"
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tallyframe {
@@ -82,6 +86,40 @@ sequence_clock clock_of(const analysis_result& analysis)
     return clock;
 }
 
+std::optional<audio_tag_catalogue> tags_from(const media_services* media)
+{
+    return media != nullptr ? std::optional<audio_tag_catalogue>(std::in_place, media->locator, media->tags)
+                            : std::nullopt;
+}
+
+std::optional<thumbnail_run> thumbnails_from(const report_services& services, const report_options& options)
+{
+    const media_services* media = services.media;
+    if (!options.inpoint_thumbnail_jpegs || media == nullptr || media->pictures == nullptr
+        || media->folder == nullptr)
+        return std::nullopt;
+    return thumbnail_run{.pictures = *media->pictures,
+                         .locator = media->locator,
+                         .out = services.out,
+                         .folder = media->folder->path(),
+                         .thumbnail_width = options.thumbnail_width,
+                         .thumbnail_height = std::nullopt,
+                         .cleanup_jpegs = {},
+                         .current_thumbnail_clip = std::nullopt};
+}
+
+void finish_thumbnails(const thumbnail_run& run, const report_options& options,
+                       const report_services& services)
+{
+    if (!options.keep_thumbnails) {
+        delete_thumbnails(run);
+        return;
+    }
+    const std::filesystem::path folder = services.media->folder->keep();
+    if (services.desktop != nullptr)
+        services.desktop->open_folder(folder);
+}
+
 std::vector<int> ticks_of(const track_checkboxes& checkboxes)
 {
     return checkboxes.current.value_or(std::vector<int>());
@@ -103,13 +141,27 @@ void save_excel(const analysis_result& analysis, const track_checkboxes& video_c
     const row_formats formats = add_row_formats(book, options);
     services.display.begin(progress_bar_length(options, analysis, rows));
 
-    const report_frame frame = {book,     analysis, options,          rows,
-                                switches, formats,  services.display, clock_of(analysis)};
+    std::optional<audio_tag_catalogue> tags = tags_from(services.media);
+    std::optional<thumbnail_run> thumbnails = thumbnails_from(services, options);
+    if (thumbnails)
+        prepare_thumbnails(rows.clip_data_array, *thumbnails);
+    const report_frame frame = {book,
+                                analysis,
+                                options,
+                                rows,
+                                switches,
+                                formats,
+                                services.display,
+                                clock_of(analysis),
+                                tags ? &*tags : nullptr,
+                                thumbnails ? &*thumbnails : nullptr};
     running_report running;
     write_sheets(frame, running);
 
     services.display.spin("Saving spreadsheet...\n");
     book.close();
+    if (thumbnails)
+        finish_thumbnails(*thumbnails, options, services);
     services.display.end();
 }
 

@@ -8,8 +8,10 @@
 #include "report/row_assembly.h"
 #include "report/row_formats.h"
 #include "report/table_columns.h"
+#include "sheets/audio_tags.h"
 #include "sheets/sheet_names.h"
 #include "sheets/source_totals.h"
+#include "sheets/thumbnails.h"
 #include "workbook/workbook.h"
 
 #include <vector>
@@ -26,6 +28,8 @@ struct report_frame {
     const row_formats& formats;
     progress& display;
     sequence_clock clock;
+    audio_tag_catalogue* tags = nullptr; ///< none: no row gets tags
+    thumbnail_run* thumbnails = nullptr; ///< none: no row gets a picture
 };
 
 /// What runs on from sheet to sheet.

@@ -31,11 +31,22 @@ struct thumbnail_run {
 };
 
 /// Before the first row: gets the decoders ready and tells them what `clips`, the rows to come, will need.
-void prepare_thumbnails(std::span<const clip_record> clips, thumbnail_run& run);
+void prepare_thumbnails(std::span<const clip_record* const> clips, thumbnail_run& run);
 
-/// Puts the clip's in-point picture into the cell (row and column from 0) and makes its row as tall as the
-/// picture. A missing file and a frame that cannot be read get placeholders; whatever else fails leaves the
-/// cell empty. Never ends the run.
+/// A picture as it goes into its row.
+struct thumbnail {
+    std::filesystem::path jpeg;
+    double row_height = 0; ///< points: a row as tall as the picture
+
+    bool operator==(const thumbnail&) const = default;
+};
+
+/// The clip's in-point picture for a row (from 0), as a new file in the run's folder. A missing file and a
+/// frame that cannot be read get placeholders; nothing when the clip has no in-point or anything else fails.
+std::optional<thumbnail> make_thumbnail(const clip_record& clip, std::size_t row, thumbnail_run& run);
+
+/// Makes the clip's picture, puts it into the cell (row and column from 0), and makes the row as tall. Never
+/// ends the run: what fails leaves the cell empty.
 void add_thumbnail(const clip_record& clip, std::size_t row, std::size_t column, xls::worksheet& sheet,
                    thumbnail_run& run);
 

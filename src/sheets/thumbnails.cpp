@@ -1,0 +1,222 @@
+// SPDX-License-Identifier: MIT
+#include "sheets/thumbnails.h"
+
+#include "platform/log.h"
+#include "workbook/workbook.h"
+
+#include <fmt/format.h>
+#include <limits.h>
+
+#include <exception>
+#include <memory>
+#include <system_error>
+
+namespace tallyframe {
+
+namespace {
+
+constexpr double jpeg_compression_factor = 0.8;
+constexpr double points_per_pixel = 0.75;
+
+/// What reading a clip's frame came to: pixels of the wanted width, or a picture that still has to be scaled.
+struct obtained_frame {
+    std::optional<bitmap> pixels;
+    std::shared_ptr<media_image> image;
+};
+
+void print(diagnostics& out, std::string_view text)
+{
+    out.write(text);
+    out.write("\n");
+}
+
+int bitmap_width(const thumbnail_run& run)
+{
+    return static_cast<int>(run.thumbnail_width);
+}
+
+media_time time_of(const rational& seconds)
+{
+    return {seconds.numerator, seconds.denominator};
+}
+
+/// "0002 Name.jpg" for the first row under the header: rows as a user counts them, so that two clips of one
+/// name get a file each. Nothing when the name cannot be a file's.
+std::optional<std::string> jpeg_name(const clip_record& clip, std::size_t row)
+{
+    std::string name = fmt::format("{:04} {}.jpg", row + 1, clip.name.value_or(""));
+    const bool is_file_name = name.size() <= NAME_MAX && name.find('/') == std::string::npos;
+    return is_file_name ? std::optional(std::move(name)) : std::nullopt;
+}
+
+/// A still picture where the system only reads assets.
+std::shared_ptr<media_image> still_image(const std::filesystem::path& file, const thumbnail_run& run)
+{
+    std::shared_ptr<media_image> image = run.pictures.image_by_reference(file);
+    if (!image->is_valid())
+        print(run.out, "This NSImage is not valid!!!");
+    else if (!image->has_representations())
+        print(run.out, "This NSImage has no representations!!!");
+    else {
+        print(run.out, "This NSImage has a representation");
+        return image;
+    }
+    return nullptr;
+}
+
+void read_from_asset(const std::filesystem::path& file, media_time time, const thumbnail_run& run,
+                     obtained_frame& obtained)
+{
+    const std::shared_ptr<media_asset> asset = run.pictures.asset_with_url(file);
+    if (run.pictures.is_mojave_or_later() && (!asset || asset->track_count() == 0)) {
+        if (std::shared_ptr<media_image> still = still_image(file, run))
+            obtained.image = std::move(still);
+        return;
+    }
+    if (!asset)
+        return;
+    obtained.pixels = asset->frame_at(time, bitmap_width(run));
+    if (!obtained.pixels)
+        obtained.pixels = asset->frame_at({0, 1}, bitmap_width(run));
+}
+
+void read_from_movie(const std::filesystem::path& file, media_time time, const thumbnail_run& run,
+                     obtained_frame& obtained)
+{
+    const opened_movie opened = run.pictures.movie_with_url(file);
+    if (!opened.movie || opened.error)
+        return;
+    movie_frame frame = opened.movie->frame_at(time);
+    if (!frame.image || frame.error)
+        frame = opened.movie->frame_at({0, 1000});
+    obtained.image = frame.image && !frame.error
+        ? std::move(frame.image)
+        : run.pictures.image_by_reference(run.pictures.resource_directory() / "Problem.png");
+}
+
+/// Fills `obtained` step by step, so that a failure on the way leaves what there was before it.
+void obtain_frame(const std::string& path, media_time time, const thumbnail_run& run,
+                  obtained_frame& obtained)
+{
+    const std::optional<std::filesystem::path> file = run.locator.locate(path);
+    if (!file) {
+        log(run.out, "OFFLINE media");
+        obtained.image = run.pictures.image_by_reference(run.pictures.resource_directory() / "Missing.png");
+        return;
+    }
+    obtained.image = run.pictures.image_by_reference(*file);
+    if (run.pictures.is_yosemite_or_later())
+        read_from_asset(*file, time, run, obtained);
+    if (!obtained.pixels && !run.pictures.is_mojave_or_later())
+        read_from_movie(*file, time, run, obtained);
+}
+
+std::optional<bitmap> scaled_image(media_image* image, const thumbnail_run& run)
+{
+    const image_data data = image != nullptr ? image->tiff_representation() : nullptr;
+    if (!data) {
+        print(run.out, "TIFFRepresentation is nil!!!");
+        return std::nullopt;
+    }
+    const std::unique_ptr<image_source> source = run.pictures.image_source_with_data(data);
+    if (!source) {
+        print(run.out, "CGImageSourceCreateWithData is nil!!!");
+        return std::nullopt;
+    }
+    std::optional<bitmap> scaled = source->scaled_bitmap(bitmap_width(run));
+    if (!scaled)
+        print(run.out, "CGImageSourceCreateThumbnailAtIndex is nil!!!");
+    return scaled;
+}
+
+void write_jpeg(const obtained_frame& obtained, const std::filesystem::path& jpeg, thumbnail_run& run)
+{
+    const std::optional<bitmap> scaled =
+        obtained.pixels ? std::nullopt : scaled_image(obtained.image.get(), run);
+    const std::optional<bitmap>& picture = obtained.pixels ? obtained.pixels : scaled;
+    if (!picture)
+        return;
+    run.thumbnail_height = picture->height;
+    run.pictures.write_to_file(run.pictures.jpeg_representation(*picture, jpeg_compression_factor), jpeg);
+}
+
+std::optional<thumbnail> make_picture(const clip_record& clip, std::size_t row, thumbnail_run& run)
+{
+    const std::string& path = *run.current_thumbnail_clip;
+    const rational& time = *clip.image_time;
+    log(run.out, fmt::format("thumbnail: {} @ {}/{}", path, time.numerator, time.denominator));
+    const std::optional<std::string> name = jpeg_name(clip, row);
+    if (!name) {
+        log(run.out, "no thumbnail: the clip's name cannot be a file's name");
+        return std::nullopt;
+    }
+
+    obtained_frame obtained;
+    try {
+        obtain_frame(path, time_of(time), run, obtained);
+    } catch (const std::exception&) {
+        log(run.out, "RESCUE from thumbnailing");
+    }
+    const std::filesystem::path jpeg = run.folder / *name;
+    write_jpeg(obtained, jpeg, run);
+    if (!std::filesystem::exists(jpeg))
+        return std::nullopt;
+    return thumbnail{jpeg, static_cast<double>(*run.thumbnail_height) * points_per_pixel};
+}
+
+} // namespace
+
+void prepare_thumbnails(std::span<const clip_record* const> clips, thumbnail_run& run)
+{
+    std::vector<expected_frame> frames;
+    for (const clip_record* clip : clips) {
+        if (!clip->image_time || !clip->path)
+            continue;
+        if (auto file = run.locator.locate(*clip->path))
+            frames.push_back({std::move(*file), time_of(*clip->image_time), bitmap_width(run)});
+    }
+    run.pictures.prepare(frames);
+}
+
+std::optional<thumbnail> make_thumbnail(const clip_record& clip, std::size_t row, thumbnail_run& run)
+{
+    run.current_thumbnail_clip = clip.path.value_or("");
+    log(run.out, "----------");
+    log(run.out, *run.current_thumbnail_clip);
+    if (!run.thumbnail_height)
+        run.thumbnail_height = run.thumbnail_width;
+    std::optional<thumbnail> made;
+    try {
+        if (clip.image_time)
+            made = make_picture(clip, row, run);
+    } catch (const std::exception& error) {
+        log(run.out, fmt::format("no thumbnail: {}", error.what()));
+    }
+    run.current_thumbnail_clip.reset();
+    return made;
+}
+
+void add_thumbnail(const clip_record& clip, std::size_t row, std::size_t column, xls::worksheet& sheet,
+                   thumbnail_run& run)
+{
+    const std::optional<thumbnail> made = make_thumbnail(clip, row, run);
+    if (!made)
+        return;
+    try {
+        sheet.set_row(row, made->row_height);
+        sheet.insert_image(row, column, made->jpeg);
+        run.cleanup_jpegs.push_back(made->jpeg);
+    } catch (const xls::workbook_error& error) {
+        log(run.out, fmt::format("no thumbnail: {}", error.what()));
+    }
+}
+
+void delete_thumbnails(const thumbnail_run& run)
+{
+    for (const std::filesystem::path& jpeg : run.cleanup_jpegs) {
+        std::error_code unseen;
+        std::filesystem::remove(jpeg, unseen);
+    }
+}
+
+} // namespace tallyframe
