@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/diagnostics.h"
+#include "platform/media_locator.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace tallyframe {
+
+/// Media that has moved: paths below `from` are now below `to`.
+struct media_mapping {
+    std::string from;
+    std::string to;
+};
+
+/// Finds media under mappings of folders, where the document says, and in folders to search, in this order.
+///
+/// Of several mappings that fit, the one with the longest `from` is tried first. In the folders to search
+/// (and all below them) a file is known by its name; of several with one name it is the one below as many of
+/// the same parent folders as possible, and of those the first, in the order of the folders and of their
+/// paths. What is found elsewhere than the document says is logged. Each path is looked for once.
+class mapped_media final : public media_locator {
+public:
+    mapped_media(std::vector<media_mapping> mappings, std::vector<std::filesystem::path> search_folders,
+                 diagnostics& out);
+
+    std::optional<std::filesystem::path> locate(const std::string& path) override;
+
+private:
+    std::optional<std::filesystem::path> find(const std::string& path);
+    std::optional<std::filesystem::path> find_mapped(const std::string& path) const;
+    std::optional<std::filesystem::path> find_by_name(const std::string& path);
+    void list_search_folders();
+
+    std::vector<media_mapping> mappings_;
+    std::vector<std::filesystem::path> search_folders_;
+    diagnostics& out_;
+    std::unordered_map<std::string, std::optional<std::filesystem::path>> found_;
+    bool is_listed_ = false;
+    std::unordered_map<std::string, std::vector<std::filesystem::path>> files_by_name_;
+};
+
+} // namespace tallyframe

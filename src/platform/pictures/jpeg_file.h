@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/thumbnailer.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace tallyframe {
+
+/// A JPEG file's bytes. `quality`: 1 to 100. Throws std::runtime_error.
+std::vector<std::uint8_t> jpeg_file(const bitmap& picture, int quality);
+
+} // namespace tallyframe
