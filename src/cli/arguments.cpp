@@ -26,6 +26,8 @@ struct raw_report_flags {
     std::string source_columns;
     std::vector<std::string> adjustments;
     std::string columns;
+    std::string thumbnails;
+    std::vector<std::string> media_map;
 };
 
 struct sheet_flag {
@@ -126,6 +128,38 @@ void add_sheet_flags(CLI::App& report, report_options& options)
             ->group("Sheets");
 }
 
+void add_media_flags(CLI::App& report, raw_report_flags& raw, report_request& request)
+{
+    constexpr const char* group = "Media files";
+    auto* thumbnails =
+        report
+            .add_option(
+                "--thumbnails", raw.thumbnails,
+                "A picture of each clip's in-point, WIDTH pixels wide: 160, 320 or 640, or any from 16 to "
+                "1920 (320)")
+            ->option_text("[=WIDTH]")
+            ->group(group);
+    report
+        .add_flag("--keep-thumbnails", request.options.keep_thumbnails,
+                  "Keep the pictures as files, in \"REPORT thumbnails\" beside the workbook")
+        ->option_text(" ")
+        ->group(group)
+        ->needs(thumbnails);
+    report
+        .add_option("--media-map", raw.media_map,
+                    "Look for files of the folder FROM in the folder TO; may be repeated, the longest FROM "
+                    "counts first")
+        ->option_text("FROM=TO")
+        ->group(group)
+        ->allow_extra_args(false);
+    report
+        .add_option("--media-search", request.media_search,
+                    "Look for files in this folder and below it, by name and parent folders; may be repeated")
+        ->option_text("DIR")
+        ->group(group)
+        ->allow_extra_args(false);
+}
+
 /// The items of "a,b,c" with blanks around them dropped; none for an empty list.
 std::vector<std::string> split_list(std::string_view list)
 {
@@ -188,6 +222,46 @@ void apply_columns(const std::string& list, report_options& options)
     options.layout = layout_name;
 }
 
+void apply_thumbnails(const std::string& width, report_options& options)
+{
+    constexpr int least = 16;
+    constexpr int most = 1920;
+    int pixels = 0;
+    const auto [end, error] = std::from_chars(width.data(), width.data() + width.size(), pixels);
+    if (error != std::errc() || end != width.data() + width.size() || pixels < least || pixels > most) {
+        throw usage_error(
+            fmt::format("--thumbnails: \"{}\" is no width. Write a whole number of pixels from {} to "
+                        "{}, such as --thumbnails=320.",
+                        width, least, most));
+    }
+    options.inpoint_thumbnail_jpegs = true;
+    options.thumbnail_width = pixels;
+}
+
+media_mapping mapping_of(const std::string& text)
+{
+    const std::size_t equals = text.find('=');
+    if (equals == 0 || equals == std::string::npos || equals + 1 == text.size()) {
+        throw usage_error(fmt::format("--media-map: \"{}\" is no mapping. Write the folder that the document "
+                                      "names, \"=\" and the folder where its files are now, such as "
+                                      "/Volumes/Media=/mnt/media.",
+                                      text));
+    }
+    return {text.substr(0, equals), text.substr(equals + 1)};
+}
+
+void fill_in_media(const CLI::App& report, const raw_report_flags& raw, report_request& request)
+{
+    if (report.count("--thumbnails") > 0)
+        apply_thumbnails(raw.thumbnails, request.options);
+    for (const std::string& mapping : raw.media_map)
+        request.media_map.push_back(mapping_of(mapping));
+    for (const std::filesystem::path& folder : request.media_search) {
+        if (!std::filesystem::is_directory(folder))
+            throw usage_error(fmt::format("--media-search: there is no folder \"{}\".", folder.string()));
+    }
+}
+
 void fill_in(const CLI::App& report, const raw_report_flags& raw, report_request& request)
 {
     request.item = chosen_item(report, raw);
@@ -204,6 +278,7 @@ void fill_in(const CLI::App& report, const raw_report_flags& raw, report_request
         apply_columns(raw.columns, request.options);
     for (const color_flag& flag : color_flags)
         check_color(request.options.*flag.color, flag.name);
+    fill_in_media(report, raw, request);
 }
 
 void describe(CLI::App& app)
@@ -249,6 +324,8 @@ std::vector<std::string> in_the_parsers_form(std::vector<std::string> arguments)
         if (argument->starts_with("--") && argument->ends_with('=')) {
             reversed.emplace_back();
             reversed.push_back(argument->substr(0, argument->size() - 1));
+        } else if (*argument == "--thumbnails") {
+            reversed.push_back("--thumbnails=320"); // what follows it is no width
         } else {
             reversed.push_back(*argument);
         }
@@ -295,6 +372,7 @@ request parse_arguments(const std::vector<std::string>& arguments)
     add_item_flags(*report, raw);
     add_content_flags(*report, raw, report_flags.options);
     add_sheet_flags(*report, report_flags.options);
+    add_media_flags(*report, raw, report_flags);
     report->add_flag("--quiet", report_flags.quiet, "No diagnostics on standard output")->group("Output");
     report->add_flag("--progress", report_flags.progress, "A progress line on standard error")
         ->group("Output");
@@ -303,7 +381,8 @@ request parse_arguments(const std::vector<std::string>& arguments)
                    "Examples:\n"
                    "  tallyframe report CUT.xml\n"
                    "  tallyframe report CUT.xml --item 3 --tracks V1,V2 -o picture.xls\n"
-                   "  tallyframe report CUT.xml --timeline-columns Timecode,Feet+Frames --enabled-only");
+                   "  tallyframe report CUT.xml --timeline-columns Timecode,Feet+Frames --enabled-only\n"
+                   "  tallyframe report CUT.xml --thumbnails --media-map /Volumes/Media=/mnt/media");
 
     app.add_subcommand("help", "Show how a command is used: `tallyframe help report`");
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/media_tools/mapped_media.h"
 #include "report/report_options.h"
 
 #include <filesystem>
@@ -31,6 +32,8 @@ struct report_request {
     std::string scope = "video + audio";
     std::optional<std::vector<std::string>> tracks; ///< labels of the ticked tracks; nothing for all
     report_options options;
+    std::vector<media_mapping> media_map;
+    std::vector<std::filesystem::path> media_search;
     bool quiet = false;
     bool progress = false;
 };

@@ -3,6 +3,7 @@
 
 #include "cli/command_line_host.h"
 #include "cli/menu_listing.h"
+#include "cli/report_media.h"
 #include "cli/report_paths.h"
 #include "cli/track_choice.h"
 #include "platform/failures.h"
@@ -101,15 +102,18 @@ std::vector<catalogue_entry> chosen_entries(const item_choice& item, const std::
     return entries;
 }
 
-void write_report(run_state& state, const report_request& request, const catalogue_entry& entry,
-                  const std::filesystem::path& path, std::ostream& err)
+void write_report(run_state& state, report_media& media, const report_request& request,
+                  const catalogue_entry& entry, const std::filesystem::path& path, std::ostream& err)
 {
     report_session& session = state.session;
     get_info_from_sequence_or_bins(session, entry.uuid, state.services);
     if (request.tracks)
         tick_only(*request.tracks, session);
+    std::optional<thumbnail_folder> folder = media.folder_for(path);
+    const media_services services = media.services(folder);
+    printing_workspace desktop(err);
     save_excel(session.analysis, session.video_tracks_table_checkboxes, session.audio_tracks_table_checkboxes,
-               request.options, path, {state.diagnostic_output, state.display});
+               request.options, path, {state.diagnostic_output, state.display, &desktop, &services});
     fmt::print(err, "Wrote {}\n", path.string());
 }
 
@@ -125,13 +129,15 @@ int report(const report_request& request, std::ostream& out, std::ostream& err)
         return failed;
     }
 
+    report_media media(request, state.diagnostic_output);
     const std::vector<catalogue_entry> entries = chosen_entries(request.item, menu);
     if (request.item.by == item_choice::kind::all) {
         report_paths paths(request.document, request.output);
         for (const catalogue_entry& entry : entries)
-            write_report(state, request, entry, paths.next(entry.title), err);
+            write_report(state, media, request, entry, paths.next(entry.title), err);
     } else {
-        write_report(state, request, entries.front(), report_path(request.document, request.output), err);
+        write_report(state, media, request, entries.front(), report_path(request.document, request.output),
+                     err);
     }
     state.session.document->document.leave_to_process_end();
     return done;

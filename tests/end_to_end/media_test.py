@@ -1,0 +1,203 @@
+# SPDX-License-Identifier: MIT
+"""Reports with pictures and tags of real media files, made with the ffmpeg program: media_test.py PROGRAM"""
+import os
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+from pathlib import Path
+
+import xlrd
+
+PROGRAM = sys.argv.pop(1)
+WIDTH = 160
+BARS = 10  # a frame carries its number as ten bars: bar i is white when bit i is set
+TAG_HEADERS = ["Song Title", "Album", "Track #", "Year", "Musical Genre", "Authors", "Composer", "Producer"]
+NO_TAGS = [""] * len(TAG_HEADERS)
+
+
+def ffmpeg(*arguments):
+    subprocess.run(["ffmpeg", "-v", "error", "-nostdin", "-y", *map(str, arguments)], check=True)
+
+
+def make_film(path, frames=250):
+    path.parent.mkdir(parents=True, exist_ok=True)
+    bars = "geq=lum='if(mod(floor(N/pow(2,floor(X/16))),2),235,16)':cb=128:cr=128"
+    ffmpeg("-f", "lavfi", "-i", f"color=black:s=160x96:r=25,{bars},format=yuv420p", "-frames:v", frames,
+           "-c:v", "libx264", "-preset", "veryfast", "-g", 30, path)
+
+
+def make_song(path, *encoding):
+    path.parent.mkdir(parents=True, exist_ok=True)
+    tags = {"title": "Light", "album": "Weather", "artist": "Zoë Keene", "composer": "Ann Lee", "genre": "Ambient",
+            "date": "1999", "track": "7/12"}
+    ffmpeg("-f", "lavfi", "-i", "sine=duration=0.2",
+           *[part for tag in tags.items() for part in ("-metadata", "=".join(tag))], *encoding, path)
+
+
+def number_shown(jpeg):
+    """The number of the frame in a picture."""
+    pixels = subprocess.run(["ffmpeg", "-v", "error", "-i", jpeg, "-f", "rawvideo", "-pix_fmt", "gray", "-"],
+                            check=True, capture_output=True).stdout
+    line = pixels[len(pixels) // WIDTH // 2 * WIDTH:]
+    return sum(1 << bar for bar in range(BARS) if line[(2 * bar + 1) * WIDTH // (2 * BARS)] > 128)
+
+
+def clip_item(name, path, start, source_in, length=10):
+    return (f"<clipitem><name>{name}</name><duration>250</duration><rate><timebase>25</timebase><ntsc>FALSE</ntsc></rate>"
+            f"<in>{source_in}</in><out>{source_in + length}</out><start>{start}</start><end>{start + length}</end>"
+            f"<enabled>TRUE</enabled><file id='{path}'><name>{name}</name><duration>250</duration>"
+            "<rate><timebase>25</timebase><ntsc>FALSE</ntsc></rate>"
+            f"<pathurl>file://localhost{path}</pathurl></file></clipitem>")
+
+
+def timeline(video, audio=()):
+    """A sequence; each clip is (name, path, in-point)."""
+    def track(clips):
+        return "<track>" + "".join(clip_item(name, path, 10 * i, source_in)
+                                   for i, (name, path, source_in) in enumerate(clips)) + "</track>"
+    return ("<?xml version='1.0' encoding='UTF-8'?><xmeml version='5'><sequence><uuid>U</uuid><name>Reel 1</name>"
+            "<duration>100</duration><rate><timebase>25</timebase><ntsc>FALSE</ntsc></rate>"
+            "<timecode><rate><timebase>25</timebase><ntsc>FALSE</ntsc></rate><frame>0</frame></timecode>"
+            f"<media><video>{track(video)}</video><audio>{track(audio)}</audio></media></sequence></xmeml>")
+
+
+class Reports(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = Path(folder.name)
+        self.temporary = self.folder / "tmp"
+        self.desk = self.folder / "desk"
+        for new in (self.temporary, self.desk):
+            new.mkdir()
+        self.workbook = self.desk / "Reel 1.xls"
+        self.film = self.folder / "media" / "Day 1" / "film.mov"
+
+    def command(self, document, *options):
+        (self.folder / "cut.xml").write_text(document, encoding="utf-8")
+        return [PROGRAM, "report", self.folder / "cut.xml", "-o", self.workbook, *options]
+
+    def environment(self, **more):
+        return {**os.environ, "TMPDIR": str(self.temporary), **more}
+
+    def report(self, document, *options, code=0, **environment):
+        run = subprocess.run(self.command(document, *options), env=self.environment(**environment),
+                             capture_output=True, text=True)
+        self.assertEqual(run.returncode, code, run.stderr)
+        self.assertEqual(list(self.temporary.iterdir()), [], "something is left in the temporary folder")
+        return run
+
+    def pictures(self):
+        return sorted((self.desk / "Reel 1 thumbnails").iterdir())
+
+    def tags(self, row):
+        sheet = xlrd.open_workbook(self.workbook).sheet_by_name("All Reels")
+        first = sheet.row_values(0).index(TAG_HEADERS[0])
+        return sheet.row_values(row, first, first + len(TAG_HEADERS))
+
+    def test_each_clip_gets_the_frame_at_its_in_point(self):
+        make_film(self.film)
+        in_points = [0, 1, 29, 30, 249 - 10, 100, 31, 100]
+        self.report(timeline([(f"Clip {i}", self.film, i) for i in in_points]), f"--thumbnails={WIDTH}",
+                    "--keep-thumbnails")
+        self.assertEqual([number_shown(jpeg) for jpeg in self.pictures()], in_points)
+        self.assertEqual(self.pictures()[0].name, "0002 Clip 0.jpg")
+
+    def test_pictures_that_are_not_kept_leave_no_trace(self):
+        make_film(self.film)
+        self.report(timeline([("Clip", self.film, 5)]), "--thumbnails")
+        self.assertEqual([file.name for file in self.desk.iterdir()], ["Reel 1.xls"])
+        height = xlrd.open_workbook(self.workbook, formatting_info=True).sheet_by_index(0).rowinfo_map[1].height
+        self.assertEqual(height, 192 * 15, "320 × 192 pixels are 144 points, 2880 twips")
+
+    def test_a_failed_run_leaves_no_trace(self):
+        make_film(self.film)
+        self.workbook = self.folder / "nowhere" / "Reel 1.xls"
+        run = self.report(timeline([("Clip", self.film, 5)]), "--thumbnails", code=1)
+        self.assertNotEqual(run.stderr, "")
+        self.assertEqual(list(self.desk.iterdir()), [])
+
+    def test_an_interrupted_run_leaves_no_trace(self):
+        make_film(self.film)
+        clips = [(f"Clip {i}", self.film, i % 240) for i in range(3000)]
+        for options in ([], ["--keep-thumbnails"]):
+            run = subprocess.Popen(self.command(timeline(clips), "--thumbnails=1920", *options),
+                                   env=self.environment(), stdout=subprocess.DEVNULL, stderr=subprocess.PIPE)
+            where = self.desk if options else self.temporary
+            deadline = time.monotonic() + 60
+            while not list(where.rglob("*.jpg")) and time.monotonic() < deadline:
+                time.sleep(0.01)
+            run.send_signal(signal.SIGINT)
+            _, error = run.communicate(timeout=60)
+            self.assertEqual(run.returncode, 130, error)
+            self.assertEqual(list(self.temporary.iterdir()), [])
+            self.assertEqual(list(self.desk.iterdir()), [])
+
+    def test_media_is_found_where_it_is_now(self):
+        make_film(self.film)
+        document = timeline([("Clip", "/Volumes/Media/Day 1/film.mov", 7)])
+        for options in (["--media-map", f"/Volumes/Media={self.folder / 'media'}"],
+                        ["--media-search", self.folder / "media"]):
+            run = self.report(document, f"--thumbnails={WIDTH}", "--keep-thumbnails", *options)
+            self.assertEqual([number_shown(jpeg) for jpeg in self.pictures()], [7])
+            self.assertIn(f"media: /Volumes/Media/Day 1/film.mov is {self.film}", run.stdout)
+            sheet = xlrd.open_workbook(self.workbook).sheet_by_index(0)
+            path_column = sheet.row_values(0).index("Source File Path")
+            self.assertEqual(sheet.cell_value(1, path_column), "/Volumes/Media/Day 1/film.mov")
+
+    def test_a_name_that_is_no_file_name_has_no_picture(self):
+        make_film(self.film)
+        names = ["../../Clip", "x" * 300, "Clip"]
+        run = self.report(timeline([(name, self.film, 5) for name in names]), "--thumbnails", "--keep-thumbnails")
+        self.assertEqual([jpeg.name for jpeg in self.pictures()], ["0004 Clip.jpg"])
+        self.assertIn("cannot be a file's name", run.stdout)
+
+    def test_audio_rows_carry_the_tags_of_their_files(self):
+        expected = ["Light", "Weather", 7, 1999, "Ambient", "Zoë Keene", "Ann Lee", ""]
+        for number, (name, *encoding) in enumerate([("song.mp3",), ("song.m4a",), ("song.flac",),
+                                                    ("song.aiff", "-write_id3v2", "1"),
+                                                    ("song.ogg", "-c:a", "libvorbis")]):
+            song = self.folder / "music" / str(number) / name
+            make_song(song, *encoding)
+            self.report(timeline([], [("Song", song, 0)]))
+            self.assertEqual(self.tags(1), expected, name)
+
+    def test_rows_without_a_file_have_no_tags(self):
+        song = self.folder / "music" / "song.mp3"
+        make_song(song)
+        self.report(timeline([("Film", song, 0)], [("Song", self.folder / "none.mp3", 0)]))
+        for row in (1, 2):
+            self.assertEqual(self.tags(row), NO_TAGS, "a video row, or no file")
+
+    def stand_in_for_mdls(self, commands):
+        programs = self.folder / "bin"
+        programs.mkdir(exist_ok=True)
+        (programs / "mdls").write_text("#!/bin/sh\n" + commands)
+        (programs / "mdls").chmod(0o755)
+        return f"{programs}:{os.environ['PATH']}"
+
+    def test_mdls_gives_the_same_cells(self):
+        song = self.folder / "music" / "song.mp3"
+        make_song(song)
+        path = self.stand_in_for_mdls(
+            r"""printf 'Weather\0007\000(\n    "Zo\303\253 Keene"\n)\000Ann Lee\000Ambient\000\0001999\000Light\000'""")
+        self.report(timeline([], [("Song", song, 0)]), PATH=path)
+        self.assertEqual(self.tags(1), ["Light", "Weather", 7, 1999, "Ambient", "Zoë Keene", "Ann Lee", ""])
+
+    def test_no_path_runs_a_command(self):
+        trap = self.folder / "trap"
+        quoted = self.folder / "music" / '12" mix.mp3'
+        hostile = self.folder / "music" / f"$(touch {trap.name}) `touch {trap.name}`;.mp3"
+        for song in (quoted, hostile):
+            make_song(song)
+            path = self.stand_in_for_mdls("printf 'Weather\\000'")
+            self.report(timeline([], [("Song", str(song).replace('"', "%22"), 0)]), PATH=path)
+            self.assertEqual(self.tags(1), NO_TAGS if song == quoted else ["", "Weather", *NO_TAGS[2:]])
+            self.assertFalse(trap.exists() or Path(trap.name).exists())
+
+
+if __name__ == "__main__":
+    unittest.main()
