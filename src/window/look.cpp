@@ -2,8 +2,10 @@
 #include "window/look.h"
 
 #include <QApplication>
+#include <QPainter>
 #include <QPalette>
-#include <QStyle>
+#include <QProxyStyle>
+#include <QStyleOption>
 #include <QToolTip>
 
 #ifdef TALLYFRAME_HAS_DBUS
@@ -69,6 +71,31 @@ QPalette dark_palette()
     return palette;
 }
 
+/// Dark colours hide the edges of the style's check boxes and radio buttons: this one draws them.
+class edged_style final : public QProxyStyle {
+public:
+    using QProxyStyle::QProxyStyle;
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override
+    {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        const bool is_round = element == PE_IndicatorRadioButton;
+        if (!is_round && element != PE_IndicatorCheckBox && element != PE_IndicatorItemViewItemCheck)
+            return;
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(option->palette.color(QPalette::PlaceholderText));
+        painter->setBrush(Qt::NoBrush);
+        const QRectF edge = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+        if (is_round)
+            painter->drawEllipse(edge);
+        else
+            painter->drawRect(edge);
+        painter->restore();
+    }
+};
+
 bool is_dark(const QPalette& palette)
 {
     return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
@@ -82,10 +109,12 @@ void apply_appearance(appearance look)
     const bool is_desktop_dark = is_dark(QApplication::palette());
     const bool wants_dark = look == appearance::dark
         || (look == appearance::system && !is_desktop_dark && desktop_prefers_dark());
-    if (wants_dark && !is_desktop_dark)
+    if (wants_dark && !is_desktop_dark) {
+        QApplication::setStyle(new edged_style("fusion"));
         QApplication::setPalette(dark_palette());
-    else if (look == appearance::light && is_desktop_dark)
+    } else if (look == appearance::light && is_desktop_dark) {
         QApplication::setPalette(QPalette(QColor(239, 239, 239)));
+    }
     QToolTip::setPalette(QApplication::palette());
 }
 

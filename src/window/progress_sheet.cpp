@@ -109,7 +109,7 @@ void progress_sheet::redraw()
         bar_->setValue(static_cast<int>(std::clamp(share, 0.0, 1.0) * bar_steps));
     }
     if (cancel_button_->isEnabled())
-        message_->setText(qt_text(state.message));
+        message_->setText(state.message.empty() ? tr("Reading…") : qt_text(state.message));
     const QString badge =
         is_determinate ? qt_text(badge_text(state.value, state.progress_bar_length)) : QString();
     if (badge != badge_) {

@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QItemSelectionModel>
+#include <QLineEdit>
 #include <QSpinBox>
 #include <QStyledItemDelegate>
 #include <QTableView>
@@ -31,7 +32,7 @@ public:
                     model.setData(place, frames, Qt::EditRole);
                 });
         field->setRange(-static_cast<int>(adjustment_limit), static_cast<int>(adjustment_limit));
-        field->setFrame(false);
+        field->setAutoFillBackground(true);
         field->setAccessibleName(time_columns_editor::tr("Frames to add"));
         return field;
     }
@@ -120,8 +121,11 @@ void time_columns_editor::move_current(bool down)
 
 void time_columns_editor::open_fields()
 {
-    for (int row = 0; row < model_.rowCount() && model_.columnCount() > 1; ++row)
-        table_->openPersistentEditor(model_.index(row, time_columns_model::adjustment_column));
+    for (int row = 0; row < model_.rowCount() && model_.columnCount() > 1; ++row) {
+        const QModelIndex place = model_.index(row, time_columns_model::adjustment_column);
+        table_->openPersistentEditor(place);
+        table_->indexWidget(place)->findChild<QLineEdit*>()->deselect(); // the view selects what it opens
+    }
 }
 
 void time_columns_editor::show_possible_moves()
