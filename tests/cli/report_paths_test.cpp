@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "cli/report_paths.h"
-
 #include "sequence_to_spreadsheet/file_name_part.h"
 
 #include <gtest/gtest.h>
