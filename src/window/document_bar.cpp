@@ -10,6 +10,18 @@
 
 namespace tallyframe::window {
 
+namespace {
+
+QPushButton* make_button(const QString& text, const QString& object_name, const QString& tool_tip)
+{
+    auto* button = new QPushButton(text);
+    button->setObjectName(object_name);
+    button->setToolTip(tool_tip);
+    return button;
+}
+
+} // namespace
+
 document_bar::document_bar(QWidget* parent) : QWidget(parent), menu_(new QComboBox)
 {
     menu_->setObjectName("sequencesPopupMenu");
@@ -24,11 +36,11 @@ document_bar::document_bar(QWidget* parent) : QWidget(parent), menu_(new QComboB
     label->setBuddy(menu_);
 
     auto* open_button =
-        add_button(tr("&Open…"), "openDocumentButton", tr("Open an exported timeline (Ctrl+O)"));
-    analyze_button_ = add_button(tr("&Analyze"), "analyzeButton",
-                                 tr("Read the chosen sequence and show its clips (Ctrl+R)"));
-    save_button_ = add_button(tr("&Save Report…"), "saveReportButton",
-                              tr("Write the report as an Excel workbook (Ctrl+S)"));
+        make_button(tr("&Open…"), "openDocumentButton", tr("Open an exported timeline (Ctrl+O)"));
+    analyze_button_ = make_button(tr("&Analyze"), "analyzeButton",
+                                  tr("Read the chosen sequence and show its clips (Ctrl+R)"));
+    save_button_ = make_button(tr("&Save Report…"), "saveReportButton",
+                               tr("Write the report as an Excel workbook (Ctrl+S)"));
     save_button_->setDefault(true);
     connect(open_button, &QPushButton::clicked, this, &document_bar::open_requested);
     connect(analyze_button_, &QPushButton::clicked, this, &document_bar::analyze_requested);
@@ -84,15 +96,6 @@ int document_bar::position() const
 QString document_bar::title() const
 {
     return menu_->currentText();
-}
-
-QPushButton* document_bar::add_button(const QString& text, const QString& object_name,
-                                      const QString& tool_tip)
-{
-    auto* button = new QPushButton(text);
-    button->setObjectName(object_name);
-    button->setToolTip(tool_tip);
-    return button;
 }
 
 } // namespace tallyframe::window

@@ -38,8 +38,6 @@ signals:
     void entry_chosen(int position);
 
 private:
-    QPushButton* add_button(const QString& text, const QString& object_name, const QString& tool_tip);
-
     QComboBox* menu_;
     QPushButton* analyze_button_;
     QPushButton* save_button_;

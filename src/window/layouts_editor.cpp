@@ -24,6 +24,15 @@ namespace {
 
 constexpr int checkbox_rows = 9; // three columns of nine hold the 25
 
+QPushButton* make_button(const QString& text, const QString& object_name, const QString& tool_tip)
+{
+    auto* button = new QPushButton(text);
+    button->setObjectName(object_name);
+    button->setToolTip(tool_tip);
+    button->setAutoDefault(false);
+    return button;
+}
+
 } // namespace
 
 layouts_editor::layouts_editor(std::vector<column_layout> layouts, const std::string& chosen, QWidget* parent)
@@ -66,11 +75,11 @@ QWidget* layouts_editor::make_names_side()
     names_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
 
     auto* new_button =
-        add_button(tr("&New"), "newLayoutButton", tr("A new layout with the default's columns"));
+        make_button(tr("&New"), "newLayoutButton", tr("A new layout with the default's columns"));
     auto* duplicate_button =
-        add_button(tr("D&uplicate"), "duplicateLayoutButton", tr("A new layout with this one's columns"));
-    rename_button_ = add_button(tr("&Rename"), "renameLayoutButton", tr("Give this layout another name"));
-    delete_button_ = add_button(tr("&Delete"), "deleteLayoutButton", tr("Delete this layout"));
+        make_button(tr("D&uplicate"), "duplicateLayoutButton", tr("A new layout with this one's columns"));
+    rename_button_ = make_button(tr("&Rename"), "renameLayoutButton", tr("Give this layout another name"));
+    delete_button_ = make_button(tr("&Delete"), "deleteLayoutButton", tr("Delete this layout"));
     connect(new_button, &QPushButton::clicked, this,
             [this] { select(model_.add_copy(0, tr("New layout")), true); });
     connect(duplicate_button, &QPushButton::clicked, this, [this] {
@@ -113,8 +122,8 @@ QWidget* layouts_editor::make_checkboxes_side()
     }
     column->addLayout(grid);
 
-    all_button_ = add_button(tr("&All"), "allColumnsButton", tr("Switch every column on"));
-    none_button_ = add_button(tr("Non&e"), "noColumnsButton", tr("Switch every column off"));
+    all_button_ = make_button(tr("&All"), "allColumnsButton", tr("Switch every column on"));
+    none_button_ = make_button(tr("Non&e"), "noColumnsButton", tr("Switch every column off"));
     connect(all_button_, &QPushButton::clicked, this, [this] { set_all(true); });
     connect(none_button_, &QPushButton::clicked, this, [this] { set_all(false); });
     message_ = new QLabel;
@@ -128,16 +137,6 @@ QWidget* layouts_editor::make_checkboxes_side()
     column->addStretch();
     column->addLayout(row);
     return side;
-}
-
-QPushButton* layouts_editor::add_button(const QString& text, const QString& object_name,
-                                        const QString& tool_tip)
-{
-    auto* button = new QPushButton(text);
-    button->setObjectName(object_name);
-    button->setToolTip(tool_tip);
-    button->setAutoDefault(false);
-    return button;
 }
 
 int layouts_editor::current_row() const

@@ -30,7 +30,6 @@ public:
 private:
     QWidget* make_names_side();
     QWidget* make_checkboxes_side();
-    QPushButton* add_button(const QString& text, const QString& object_name, const QString& tool_tip);
     int current_row() const;
     void select(int row, bool edit_name);
     void show_current();

@@ -21,6 +21,7 @@ QString menu_text(QString name)
 
 main_menu::main_menu(QWidget* parent) : QMenuBar(parent)
 {
+    setObjectName("mainMenu");
     add_file_menu();
     add_report_menu();
     add_view_menu();

@@ -21,6 +21,7 @@
 #include "window/tracks_panel.h"
 
 #include <QCloseEvent>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMimeData>
@@ -36,7 +37,8 @@ namespace {
 /// The file that is dragged over the window; empty when what is dragged is none on this computer.
 QString dragged_file(const QMimeData& data)
 {
-    return data.hasUrls() ? data.urls().constFirst().toLocalFile() : QString();
+    const QString path = data.hasUrls() ? data.urls().constFirst().toLocalFile() : QString();
+    return QFileInfo(path).isFile() ? path : QString();
 }
 
 } // namespace
@@ -166,7 +168,7 @@ void main_window::lay_out()
 void main_window::connect_menu()
 {
     connect(menu_, &main_menu::open_requested, this, &main_window::ask_for_document);
-    connect(menu_, &main_menu::document_chosen, this, &main_window::open_document);
+    connect(menu_, &main_menu::document_chosen, this, &main_window::open_recent_document);
     connect(menu_, &main_menu::save_requested, this, &main_window::ask_where_to_save_report);
     connect(menu_, &main_menu::analyze_requested, this, &main_window::analyze);
     connect(menu_, &main_menu::tick_all_requested, this, [this](bool ticked) {
@@ -217,6 +219,19 @@ void main_window::ask_for_document()
         dialog->setDirectory(QFileInfo(latest).absolutePath());
     connect(dialog, &QFileDialog::fileSelected, this, &main_window::open_document);
     dialog->open();
+}
+
+void main_window::open_recent_document(const QString& path)
+{
+    if (QFileInfo(path).isFile()) {
+        open_document(path);
+        return;
+    }
+    choices_.recent_documents.removeAll(path);
+    menu_->set_recent_documents(choices_.recent_documents);
+    save_choices(settings_, choices_);
+    show_alert(this, tr("%1 is not there any more").arg(QFileInfo(path).fileName()),
+               tr("It was here:\n%1\nIs its disk connected?").arg(QDir::toNativeSeparators(path)));
 }
 
 void main_window::ask_where_to_save_report()

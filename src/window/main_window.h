@@ -51,6 +51,7 @@ private:
     void connect_runner();
 
     void ask_for_document();
+    void open_recent_document(const QString& path);
     void ask_where_to_save_report();
     void analyze();
     void analyze_if_new(int position);

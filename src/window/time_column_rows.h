@@ -19,7 +19,7 @@ struct time_column_row {
 };
 
 /// The largest adjustment that the window offers, in frames either way: a day at 60 frames a second.
-inline constexpr std::int64_t adjustment_limit = 86400 * 60;
+inline constexpr std::int64_t adjustment_limit = 86'400 * std::int64_t{60};
 
 /// The chosen formats in their order, each once, then the others in the order of `time_formats`.
 std::vector<time_column_row> time_column_rows(const std::vector<time_format>& chosen,

@@ -4,6 +4,7 @@
 #include "support/temporary_folder.h"
 #include "support/xmeml_builder.h"
 #include "window/layouts_editor.h"
+#include "window/main_menu.h"
 #include "window/main_window.h"
 #include "window/progress_sheet.h"
 #include "window/qt_text.h"
@@ -434,6 +435,27 @@ TEST_F(main_window_test, leaves_an_older_workbook_alone_when_saving_is_cancelled
         files += entry.path().extension() == ".ini" ? 0 : 1;
     EXPECT_EQ(files, 1) << "nothing is left behind";
     EXPECT_GT(rows_of("previewTableView"), 0) << "the preview is still there";
+}
+
+TEST_F(main_window_test, ends_its_run_when_it_goes)
+{
+    open(night_market);
+    window->save_report_as(qt_path(folder.path() / "night.xls"));
+    window.reset();
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder.path()))
+        EXPECT_TRUE(entry.path().extension() == ".ini" || entry.path() == folder.path() / "night.xls")
+            << entry.path();
+}
+
+TEST_F(main_window_test, tells_of_a_recent_document_that_is_gone)
+{
+    const fs::path document = write("gone.xml", two_sequences());
+    open(document);
+    fs::remove(document);
+    emit find<main_menu>("mainMenu").document_chosen(qt_path(document));
+    EXPECT_EQ(alert().first, "gone.xml is not there any more");
+    EXPECT_TRUE(window->kept_choices().recent_documents.isEmpty());
+    EXPECT_EQ(find<QComboBox>("sequencesPopupMenu").count(), 2) << "what is open stays open";
 }
 
 TEST_F(main_window_test, keeps_ticks_when_an_analysis_is_cancelled)
