@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <iterator>
 #include <utility>
 
 namespace tallyframe {
@@ -43,8 +44,22 @@ void video_file::expect(std::span<const media_time> times)
         if (const auto tick = stream_->tick_of(time))
             expected_.push_back({*tick, time});
     }
-    std::sort(expected_.begin(), expected_.end(),
-              [](const expected_picture& a, const expected_picture& b) { return a.tick < b.tick; });
+    std::ranges::sort(expected_, {}, &expected_picture::tick);
+    tell_what_is_needed();
+}
+
+bool video_file::is_expected(std::int64_t tick) const
+{
+    return expected_.empty() || std::ranges::binary_search(expected_, tick, {}, &expected_picture::tick);
+}
+
+void video_file::tell_what_is_needed()
+{
+    if (expected_.empty())
+        return;
+    std::vector<std::int64_t> ticks;
+    std::ranges::transform(expected_, std::back_inserter(ticks), &expected_picture::tick);
+    stream_->need_only(std::move(ticks));
 }
 
 std::optional<bitmap> video_file::frame_at(media_time time, int width, const pictures_by_the_way& others)
@@ -52,7 +67,12 @@ std::optional<bitmap> video_file::frame_at(media_time time, int width, const pic
     if (!stream_->has_video())
         return std::nullopt;
     const std::optional<std::int64_t> tick = stream_->tick_of(time);
-    if (!tick || (!reads_on_to(*tick) && !go_before(*tick)))
+    if (!tick)
+        return std::nullopt;
+    const bool may_have_been_left_out = !is_expected(*tick);
+    if (may_have_been_left_out)
+        expect({&time, 1});
+    if ((may_have_been_left_out || !reads_on_to(*tick)) && !go_before(*tick))
         return std::nullopt;
     if (!current_.pixels && !advance())
         return std::nullopt;
@@ -123,6 +143,7 @@ bool video_file::start_over()
     if (!stream || !stream->has_video())
         return false;
     stream_ = std::move(stream);
+    tell_what_is_needed();
     current_ = {};
     following_.reset();
     is_first_ = true;

@@ -47,6 +47,8 @@ private:
                std::span<const media_time> expected, const time_limit& limit);
 
     void expect(std::span<const media_time> times);
+    bool is_expected(std::int64_t tick) const;
+    void tell_what_is_needed();
     void offer(const expected_picture& expected, int width, const pictures_by_the_way& others);
 
     bool reads_on_to(std::int64_t tick) const;
@@ -61,7 +63,7 @@ private:
     std::filesystem::path file_;
     std::unique_ptr<video_stream> stream_;
     const time_limit& limit_;
-    std::vector<expected_picture> expected_; ///< in the order of their ticks
+    std::vector<expected_picture> expected_; ///< in the order of their ticks; none: any may be asked for
     timed_frame current_; ///< without pixels until the first frame is read
     std::optional<timed_frame> following_; ///< read ahead, to know how long the current one is on display
     bool is_first_ = true; ///< the current frame, or the next one to read, is the first of the file

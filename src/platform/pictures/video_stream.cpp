@@ -7,6 +7,7 @@ extern "C" {
 }
 
 #include <algorithm>
+#include <string_view>
 #include <thread>
 #include <utility>
 
@@ -64,6 +65,13 @@ std::int64_t usual_duration_of(const AVStream& track)
 bool is_closed_at_key_frames(const AVCodecContext& decoder)
 {
     return decoder.codec_id == AV_CODEC_ID_H264 || decoder.codec_id == AV_CODEC_ID_HEVC;
+}
+
+/// Whether a container stores with every packet when its frame is shown.
+bool times_every_frame(const AVFormatContext& format)
+{
+    const std::string_view name = format.iformat->name;
+    return name.starts_with("mov,") || name.starts_with("matroska,");
 }
 
 } // namespace
@@ -241,6 +249,7 @@ bool video_stream::seek(std::int64_t goal, std::int64_t latest)
     packet_waits_ = false;
     next_tick_.reset();
     is_under_way_ = false;
+    latest_start_ = INT64_MIN;
     do {
         if (!read_packet())
             return false;
@@ -267,13 +276,31 @@ bool video_stream::read_packet()
     return true;
 }
 
+void video_stream::need_only(std::vector<std::int64_t> ticks)
+{
+    if (times_every_frame(*format_))
+        needed_ = std::move(ticks);
+}
+
 void video_stream::feed_decoder()
 {
-    // Damaged packets are refused here; the next ones may be whole.
-    if (read_packet())
-        avcodec_send_packet(decoder_.get(), packet_.get());
-    else
+    if (!read_packet()) {
         avcodec_send_packet(decoder_.get(), nullptr);
+        return;
+    }
+    decoder_->skip_frame = can_leave_out(*packet_) ? AVDISCARD_NONREF : AVDISCARD_DEFAULT;
+    latest_start_ = std::max(latest_start_, packet_->pts);
+    // Damaged packets are refused here; the next ones may be whole.
+    avcodec_send_packet(decoder_.get(), packet_.get());
+}
+
+/// A frame that is shown before another one is stored after it: it has left the display by then.
+bool video_stream::can_leave_out(const AVPacket& packet) const
+{
+    if (!needed_ || packet.pts == AV_NOPTS_VALUE || packet.pts >= latest_start_)
+        return false;
+    const auto needed = std::lower_bound(needed_->begin(), needed_->end(), packet.pts);
+    return needed == needed_->end() || *needed >= latest_start_;
 }
 
 /// Without a time stamp a frame follows on the one before it.

@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace tallyframe {
 
@@ -63,6 +64,10 @@ public:
     /// False when that comes after `latest`; the next frame is then anyone's guess.
     bool seek(std::int64_t goal, std::int64_t latest);
 
+    /// From now on only the frames on display at these ticks matter. Others may be left out of what `next`
+    /// gives, where no frame is predicted from them: half of a film need not be decoded then.
+    void need_only(std::vector<std::int64_t> ticks);
+
     /// The next frame. Its pixels are null at the end, and when nothing more can be read.
     timed_frame next();
 
@@ -80,6 +85,7 @@ private:
     void open_decoder(const AVCodec& codec);
     bool read_packet();
     void feed_decoder();
+    bool can_leave_out(const AVPacket& packet) const;
     std::optional<std::int64_t> start_of(const AVFrame& frame) const;
 
     const time_limit& limit_;
@@ -94,6 +100,8 @@ private:
     std::int64_t usual_duration_ = 0;
     std::optional<std::int64_t> next_tick_; ///< where the frame before ends; unknown after a seek
     std::int64_t decodable_from_ = INT64_MIN; ///< frames before it lack what they were predicted from
+    std::optional<std::vector<std::int64_t>> needed_; ///< ascending; nothing while every frame matters
+    std::int64_t latest_start_ = INT64_MIN; ///< of the packets read since the start or the last seek
     bool is_under_way_ = false; ///< a whole frame has come out since the start or the last seek
     track_display display_;
 };

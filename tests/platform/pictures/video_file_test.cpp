@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -38,18 +39,22 @@ constexpr int frame_count = 75;
 
 class video_file_of_kind : public testing::TestWithParam<film> {
 protected:
-    std::unique_ptr<video_file> open()
+    video_file_of_kind()
+        : film_(media_.film(GetParam().name, GetParam().rate, frame_count, GetParam().encoding))
     {
-        const std::filesystem::path file =
-            media_.film(GetParam().name, GetParam().rate, frame_count, GetParam().encoding);
         limit_.start();
-        return video_file::open(file, {}, limit_);
+    }
+
+    std::unique_ptr<video_file> open(std::span<const media_time> expected = {})
+    {
+        return video_file::open(film_, expected, limit_);
     }
 
     static media_time time_of(int frame) { return {frame * GetParam().seconds, GetParam().frames_per}; }
 
 private:
     made_media media_;
+    std::filesystem::path film_;
     time_limit limit_{std::chrono::minutes(2)};
 };
 
@@ -70,6 +75,22 @@ TEST_P(video_file_of_kind, shows_each_frame_at_its_own_time_in_any_order)
     for (int step = 0; step < frame_count; step += 3) {
         const int frame = step * 37 % frame_count;
         EXPECT_EQ(frame_shown(*file, time_of(frame)), frame) << "scattered";
+    }
+}
+
+TEST_P(video_file_of_kind, shows_each_frame_where_only_some_are_expected)
+{
+    for (const std::vector<int>& frames :
+         std::vector<std::vector<int>>{{1, 2, 30, 33, 50, 74}, {23}, {71, 8, 9}}) {
+        std::vector<media_time> expected;
+        for (const int frame : frames)
+            expected.push_back(time_of(frame));
+        const std::unique_ptr<video_file> file = open(expected);
+        ASSERT_NE(file, nullptr);
+        for (const int frame : frames)
+            EXPECT_EQ(frame_shown(*file, time_of(frame)), frame) << "expected";
+        for (const int frame : {3, 4, 40, 41, 39})
+            EXPECT_EQ(frame_shown(*file, time_of(frame)), frame) << "not expected";
     }
 }
 
@@ -168,10 +189,17 @@ TEST(video_file, keeps_to_the_frames_of_a_variable_rate)
                    {"-f", "lavfi", "-i", numbered_frames("25") + ",settb=1/1000,setpts=N*N/500/TB", "-vsync",
                     "passthrough", "-enc_time_base", "1/1000", "-frames:v", "40", "-c:v", "libx264",
                     "-preset", "veryfast", "-bf", "3", "-g", "15"});
-    const opened_film film = opened(file);
+    std::vector<media_time> expected;
     for (const int frame : {3, 30, 12, 38, 13, 25}) {
-        EXPECT_EQ(frame_shown(*film.file, {std::int64_t{frame} * frame, 500}), frame);
-        EXPECT_EQ(frame_shown(*film.file, {std::int64_t{frame + 1} * (frame + 1) - 1, 500}), frame);
+        expected.push_back({std::int64_t{frame} * frame, 500});
+        expected.push_back({std::int64_t{frame + 1} * (frame + 1) - 1, 500});
+    }
+    for (const auto& known_before : {std::vector<media_time>(), expected}) {
+        const opened_film film = opened(file, known_before);
+        for (const media_time time : expected) {
+            const int frame = static_cast<int>(std::sqrt(time.value));
+            EXPECT_EQ(frame_shown(*film.file, time), frame) << time.value << "/500";
+        }
     }
 }
 
@@ -206,14 +234,15 @@ TEST(video_file, survives_times_beyond_all_clocks)
 TEST(video_file, offers_the_expected_pictures_that_it_comes_by)
 {
     const made_media media;
-    const std::vector<media_time> expected = {{5, 25}, {22, 25}, {40, 25}};
+    const media_time asked = {14, 25};
+    const std::vector<media_time> expected = {{5, 25}, asked, {22, 25}, {40, 25}};
     const opened_film film = opened(media.film("film.mp4", "25", 60, long_gop), expected);
     std::vector<std::pair<std::int64_t, int>> offered;
     const pictures_by_the_way others = {
-        [](media_time) { return true; },
+        [&](media_time time) { return time != asked; },
         [&](media_time time, const bitmap& picture) { offered.emplace_back(time.value, number_of(picture)); },
     };
-    const std::optional<bitmap> picture = film.file->frame_at({14, 25}, 160, others);
+    const std::optional<bitmap> picture = film.file->frame_at(asked, 160, others);
     ASSERT_TRUE(picture);
     EXPECT_EQ(number_of(*picture), 14);
     const std::vector<std::pair<std::int64_t, int>> before_the_next_key_frame = {{5, 5}, {22, 22}};
