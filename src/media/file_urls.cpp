@@ -130,11 +130,13 @@ std::optional<std::string> path_of_url(std::string_view pathurl)
         url.erase(found, 2);
 
     // Decoded and encoded anew: exporters differ in what they escape, and "#" or "?" in a name start nothing.
-    const std::string scheme(scheme_of(url));
+    std::string scheme(scheme_of(url));
     const std::string name = percent_decoded(std::string_view(url).substr(scheme.size()));
     if (!is_utf8(name) || name.find('\0') != std::string::npos)
         return std::nullopt;
     const std::string_view kept = scheme.empty() ? "-._~/" : "-._~/:@";
+    if (scheme.empty() && name.starts_with("//"))
+        scheme = "file:"; // "//host/../a" begins at a root, which the library sees by the scheme only
 
     parsed_uri uri(scheme + percent_encoded(name, kept));
     if (!uri.normalize())

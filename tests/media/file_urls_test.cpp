@@ -39,6 +39,7 @@ TEST(path_of_url, removes_dot_segments)
     EXPECT_EQ(path_of_url("file://localhost/a/./b/../c.mov"), "/a/c.mov");
     EXPECT_EQ(path_of_url("file://localhost/../../c.mov"), "/c.mov");
     EXPECT_EQ(path_of_url("file://localhost/a/%2E%2E/c.mov"), "/c.mov");
+    EXPECT_EQ(path_of_url("//localhost/../a/../../c.mov"), "/c.mov");
 }
 
 TEST(path_of_url, takes_a_text_without_a_scheme_as_a_relative_path)
