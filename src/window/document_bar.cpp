@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "window/document_bar.h"
 
+#include "window/push_button.h"
 #include "window/qt_text.h"
 
 #include <QComboBox>
@@ -9,18 +10,6 @@
 #include <QPushButton>
 
 namespace tallyframe::window {
-
-namespace {
-
-QPushButton* make_button(const QString& text, const QString& object_name, const QString& tool_tip)
-{
-    auto* button = new QPushButton(text);
-    button->setObjectName(object_name);
-    button->setToolTip(tool_tip);
-    return button;
-}
-
-} // namespace
 
 document_bar::document_bar(QWidget* parent) : QWidget(parent), menu_(new QComboBox)
 {

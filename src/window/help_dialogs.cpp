@@ -100,7 +100,7 @@ const guide_chapter guide[] = {
      }},
 };
 
-QString translated(const char* text)
+QString guide_text(const char* text)
 {
     return QCoreApplication::translate("guide", text);
 }
@@ -109,10 +109,10 @@ QString guide_as_html()
 {
     QString html;
     for (const guide_chapter& chapter : guide) {
-        html += "<h2>" + translated(chapter.title).toHtmlEscaped() + "</h2>";
+        html += "<h2>" + guide_text(chapter.title).toHtmlEscaped() + "</h2>";
         for (const guide_entry& entry : chapter.entries) {
-            html += "<p><b>" + translated(entry.title).toHtmlEscaped() + "</b><br>"
-                + translated(entry.text).toHtmlEscaped() + "</p>";
+            html += "<p><b>" + guide_text(entry.title).toHtmlEscaped() + "</b><br>"
+                + guide_text(entry.text).toHtmlEscaped() + "</p>";
         }
     }
     return html;

@@ -2,6 +2,7 @@
 #include "window/layouts_editor.h"
 
 #include "report/column_switches.h"
+#include "window/push_button.h"
 #include "window/qt_text.h"
 #include "window/saved_layouts.h"
 
@@ -23,15 +24,6 @@ namespace tallyframe::window {
 namespace {
 
 constexpr int checkbox_rows = 9; // three columns of nine hold the 25
-
-QPushButton* make_button(const QString& text, const QString& object_name, const QString& tool_tip)
-{
-    auto* button = new QPushButton(text);
-    button->setObjectName(object_name);
-    button->setToolTip(tool_tip);
-    button->setAutoDefault(false);
-    return button;
-}
 
 } // namespace
 

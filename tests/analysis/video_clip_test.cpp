@@ -19,24 +19,24 @@ using testing::IsEmpty;
 constexpr const char* overlap_diagnostic =
     "\"sanity check for clips progressing in a track, progressing_track_clips = false\"\n";
 
-analysis_result track_of(const std::vector<track_item>& items, const sequence_options& options = {},
-                         const track_options& track = {})
+analysis_result video_track_of(const std::vector<track_item>& items, const sequence_options& options = {},
+                               const track_options& track = {})
 {
     return analysis_of(xmeml().sequence("Reel 1", options).video_track(items, track));
 }
 
-clip_record only_clip(const std::vector<track_item>& items, const sequence_options& options = {},
-                      const track_options& track = {})
+clip_record only_video_clip(const std::vector<track_item>& items, const sequence_options& options = {},
+                            const track_options& track = {})
 {
-    const analysis_result result = track_of(items, options, track);
+    const analysis_result result = video_track_of(items, options, track);
     EXPECT_EQ(result.video_clip_data_array.size(), 1U);
     return result.video_clip_data_array.at(0);
 }
 
-std::string message_of(const std::vector<track_item>& items)
+std::string message_of_track(const std::vector<track_item>& items)
 {
     try {
-        track_of(items);
+        video_track_of(items);
     } catch (const analysis_error& error) {
         return error.what();
     }
@@ -45,7 +45,7 @@ std::string message_of(const std::vector<track_item>& items)
 
 TEST(video_clip, stands_on_the_clock_of_the_sequence)
 {
-    const clip_record record = only_clip({clip("A").at(0, 1)}, {.start_frame = 86400});
+    const clip_record record = only_video_clip({clip("A").at(0, 1)}, {.start_frame = 86400});
     EXPECT_EQ(record.seq_start_frame, 86400);
     EXPECT_EQ(record.seq_end_frame, 86400) << "inclusive";
     EXPECT_EQ(record.seq_length, 1);
@@ -53,7 +53,7 @@ TEST(video_clip, stands_on_the_clock_of_the_sequence)
 
 TEST(video_clip, carries_what_its_file_says)
 {
-    const clip_record record = only_clip({clip("A").in_out(10, 60).file(
+    const clip_record record = only_video_clip({clip("A").in_out(10, 60).file(
         {.path = "/Media/a.mov",
          .timebase = 25,
          .timecode_frame = 90000,
@@ -83,56 +83,57 @@ TEST(video_clip, has_the_sound_roll_of_its_file)
     const std::string timecodes =
         "<timecode><source>source</source></timecode><timecode><source>sound</source>"
         "<reel><name>SR1</name></reel></timecode>";
-    EXPECT_EQ(only_clip({clip("A").file({.with = timecodes})}).roll_name, "SR1");
+    EXPECT_EQ(only_video_clip({clip("A").file({.with = timecodes})}).roll_name, "SR1");
 }
 
 TEST(video_clip, takes_the_start_of_the_transition_that_hides_it)
 {
-    EXPECT_EQ(
-        only_clip({transition(40, 60, "Dissolve", "x"), clip("A").at(-1, 90).in_out(0, 50)}).seq_start_frame,
-        40);
+    EXPECT_EQ(only_video_clip({transition(40, 60, "Dissolve", "x"), clip("A").at(-1, 90).in_out(0, 50)})
+                  .seq_start_frame,
+              40);
 }
 
 TEST(video_clip, takes_the_end_of_the_transition_that_hides_it)
 {
     const clip_record record =
-        only_clip({clip("A").at(10, -1).in_out(0, 50), transition(40, 60, "Dissolve", "x")});
+        only_video_clip({clip("A").at(10, -1).in_out(0, 50), transition(40, 60, "Dissolve", "x")});
     EXPECT_EQ(record.seq_start_frame, 10);
     EXPECT_EQ(record.seq_end_frame, 59);
 }
 
 TEST(video_clip, counts_its_start_back_from_the_end_without_a_neighbour)
 {
-    const clip_record record = only_clip({clip("A").at(-1, 90).in_out(20, 50)});
+    const clip_record record = only_video_clip({clip("A").at(-1, 90).in_out(20, 50)});
     EXPECT_EQ(record.seq_start_frame, 60);
     EXPECT_EQ(record.seq_length, 30);
 }
 
 TEST(video_clip, counts_its_end_from_the_start_without_a_neighbour)
 {
-    const clip_record record = only_clip({clip("A").at(10, -1).in_out(20, 50)});
+    const clip_record record = only_video_clip({clip("A").at(10, -1).in_out(20, 50)});
     EXPECT_EQ(record.seq_end_frame, 39);
 }
 
 TEST(video_clip, takes_a_neighbour_without_a_position_for_none)
 {
-    EXPECT_EQ(only_clip({std::string("<note/>"), clip("A").at(-1, 90).in_out(20, 50)}).seq_start_frame, 60);
-    EXPECT_EQ(only_clip({clip("A").at(10, -1).in_out(20, 50), std::string("<enabled>TRUE</enabled>")})
+    EXPECT_EQ(only_video_clip({std::string("<note/>"), clip("A").at(-1, 90).in_out(20, 50)}).seq_start_frame,
+              60);
+    EXPECT_EQ(only_video_clip({clip("A").at(10, -1).in_out(20, 50), std::string("<enabled>TRUE</enabled>")})
                   .seq_end_frame,
               39);
 }
 
 TEST(video_clip, resolves_only_the_start_when_both_ends_stay_hidden)
 {
-    const clip_record record = only_clip({clip("A").at(-1, -1).in_out(20, 50)});
+    const clip_record record = only_video_clip({clip("A").at(-1, -1).in_out(20, 50)});
     EXPECT_EQ(record.seq_start_frame, -31);
     EXPECT_EQ(record.seq_end_frame, -2);
 }
 
 TEST(video_clip, escapes_double_quotes_in_its_name_everywhere)
 {
-    const analysis_result result =
-        track_of({clip(R"(the "A" cam)").marker("m", 5).with(filter{"Blur", "Blur"}.text()).reversed()});
+    const analysis_result result = video_track_of(
+        {clip(R"(the "A" cam)").marker("m", 5).with(filter{"Blur", "Blur"}.text()).reversed()});
     constexpr const char* name = "the &quot;A&quot; cam";
     EXPECT_EQ(result.video_clip_data_array.at(0).name, name);
     EXPECT_EQ(result.video_clip_filter_array.at(0).clip_name, name);
@@ -141,7 +142,7 @@ TEST(video_clip, escapes_double_quotes_in_its_name_everywhere)
 
 TEST(video_clip, needs_no_name)
 {
-    const clip_record record = only_clip(
+    const clip_record record = only_video_clip(
         {std::string("<clipitem><duration>50</duration><start>0</start><end>50</end><in>0</in><out>50</out>"
                      + media_file().text() + "</clipitem>")});
     EXPECT_EQ(record.name, std::nullopt);
@@ -151,7 +152,7 @@ TEST(video_clip, has_no_notes_but_a_label_without_logging)
 {
     clip_notes notes;
     notes.label = "None";
-    EXPECT_EQ(only_clip({clip("A")}).notes, notes);
+    EXPECT_EQ(only_video_clip({clip("A")}).notes, notes);
 }
 
 TEST(video_clip, reads_its_notes_trimmed)
@@ -163,7 +164,7 @@ TEST(video_clip, reads_its_notes_trimmed)
         "<comments><mastercomment1>m1</mastercomment1><mastercomment2>m2</mastercomment2><mastercomment3>m3"
         "</mastercomment3><mastercomment4>m4</mastercomment4><clipcommenta>ca</clipcommenta><clipcommentb>cb"
         "</clipcommentb></comments>";
-    const clip_notes notes = only_clip({clip("A").with(logging)}).notes;
+    const clip_notes notes = only_video_clip({clip("A").with(logging)}).notes;
     EXPECT_EQ(notes.description, "wide");
     EXPECT_EQ(notes.scene, "5");
     EXPECT_EQ(notes.shottake, "3");
@@ -185,8 +186,8 @@ TEST(video_clip, reads_its_notes_trimmed)
 TEST(video_clip, takes_the_first_of_several_notes)
 {
     const clip_notes notes =
-        only_clip({clip("A").with("<logginginfo><scene>1</scene><scene>2</scene></logginginfo>"
-                                  "<logginginfo><scene>3</scene><lognote>x</lognote></logginginfo>")})
+        only_video_clip({clip("A").with("<logginginfo><scene>1</scene><scene>2</scene></logginginfo>"
+                                        "<logginginfo><scene>3</scene><lognote>x</lognote></logginginfo>")})
             .notes;
     EXPECT_EQ(notes.scene, "1");
     EXPECT_EQ(notes.lognote, "x");
@@ -195,7 +196,7 @@ TEST(video_clip, takes_the_first_of_several_notes)
 TEST(video_clip, takes_its_label_from_either_element)
 {
     const auto label = [](std::string_view markup) {
-        return only_clip({clip("A").with(markup)}).notes.label;
+        return only_video_clip({clip("A").with(markup)}).notes.label;
     };
     EXPECT_EQ(label("<labels><label2>Iris</label2><label> Good Take </label></labels>"), "Good Take");
     EXPECT_EQ(label("<labels><label2>Iris</label2></labels>"), "Iris");
@@ -231,37 +232,37 @@ TEST(video_clip, inherits_each_group_of_notes_that_it_lacks)
 
 TEST(video_clip, inherits_nothing_from_an_unknown_master_clip)
 {
-    EXPECT_EQ(only_clip({clip("A").with("<masterclipid>nobody</masterclipid>")}).notes.label, "None");
+    EXPECT_EQ(only_video_clip({clip("A").with("<masterclipid>nobody</masterclipid>")}).notes.label, "None");
 }
 
 TEST(video_clip, is_disabled_with_its_track)
 {
-    EXPECT_EQ(only_clip({clip("A").enabled("TRUE")}, {}, {.enabled = "False"}).enabled, "FALSE");
-    EXPECT_EQ(only_clip({clip("A").enabled("False")}, {}, {.enabled = "TRUE"}).enabled, "FALSE");
-    EXPECT_EQ(only_clip({clip("A").enabled("True")}).enabled, "TRUE");
-    EXPECT_EQ(only_clip({clip("A")}).enabled, "TRUE");
-    EXPECT_EQ(only_clip({clip("A").enabled("maybe")}).enabled, "MAYBE");
+    EXPECT_EQ(only_video_clip({clip("A").enabled("TRUE")}, {}, {.enabled = "False"}).enabled, "FALSE");
+    EXPECT_EQ(only_video_clip({clip("A").enabled("False")}, {}, {.enabled = "TRUE"}).enabled, "FALSE");
+    EXPECT_EQ(only_video_clip({clip("A").enabled("True")}).enabled, "TRUE");
+    EXPECT_EQ(only_video_clip({clip("A")}).enabled, "TRUE");
+    EXPECT_EQ(only_video_clip({clip("A").enabled("maybe")}).enabled, "MAYBE");
 }
 
 TEST(video_clip, joins_the_track_name_with_a_blank)
 {
-    EXPECT_EQ(only_clip({clip("A")}, {}, {.attributes = R"(MZ.TrackName="Main")"}).track_name, " Main");
-    EXPECT_EQ(only_clip({clip("A")}).track_name, "");
+    EXPECT_EQ(only_video_clip({clip("A")}, {}, {.attributes = R"(MZ.TrackName="Main")"}).track_name, " Main");
+    EXPECT_EQ(only_video_clip({clip("A")}).track_name, "");
 }
 
 TEST(video_clip, gives_no_record_without_a_known_file)
 {
     const std::string blur = filter{"Blur", "Blur"}.text();
-    const analysis_result result = track_of({clip("nested").without_file().with(blur),
-                                             clip("lost").at(50, 60).same_file("nowhere").with(blur),
-                                             clip("empty").at(60, 70).duration(0).with(blur)});
+    const analysis_result result = video_track_of({clip("nested").without_file().with(blur),
+                                                   clip("lost").at(50, 60).same_file("nowhere").with(blur),
+                                                   clip("empty").at(60, 70).duration(0).with(blur)});
     EXPECT_THAT(result.video_clip_data_array, IsEmpty());
     EXPECT_EQ(result.video_clip_filter_array.size(), 3U) << "their effects count all the same";
 }
 
 TEST(video_clip, uses_the_file_that_an_earlier_clip_defines)
 {
-    const analysis_result result = track_of(
+    const analysis_result result = video_track_of(
         {clip("A").file({.path = "/a.mov", .id = "file-1"}), clip("B").at(50, 60).same_file("file-1")});
     ASSERT_EQ(result.video_clip_data_array.size(), 2U);
     EXPECT_EQ(result.video_clip_data_array[1].path, "/a.mov");
@@ -296,16 +297,16 @@ TEST(video_clip, leaves_neighbours_and_other_tracks_alone)
 TEST(video_clip, may_overlap_under_a_transition)
 {
     const analysis_result result =
-        track_of({clip("A").at(0, 60), transition(40, 60, "Dissolve", "x"), clip("B").at(40, 90)});
+        video_track_of({clip("A").at(0, 60), transition(40, 60, "Dissolve", "x"), clip("B").at(40, 90)});
     EXPECT_THAT(names_of(result.video_clip_data_array), ElementsAre("A", "B"));
 }
 
 TEST(video_clip, on_generated_media_is_a_generated_item)
 {
     const analysis_result result =
-        track_of({clip("Black").at(10, 20).enabled("FALSE").file({.media_source = "Slug"}),
-                  clip("Bars").at(20, 30).file({.media_source = "BarsAndTone"})},
-                 {.start_frame = 100});
+        video_track_of({clip("Black").at(10, 20).enabled("FALSE").file({.media_source = "Slug"}),
+                        clip("Bars").at(20, 30).file({.media_source = "BarsAndTone"})},
+                       {.start_frame = 100});
     EXPECT_THAT(result.video_clip_data_array, IsEmpty());
     ASSERT_EQ(result.generatoritem_array.size(), 2U);
     const generator_record& slug = result.generatoritem_array[0];
@@ -323,15 +324,15 @@ TEST(video_clip, on_generated_media_is_a_generated_item)
 
 TEST(video_clip, of_another_media_source_stays_a_clip)
 {
-    EXPECT_EQ(only_clip({clip("A").file({.media_source = "ColorMatte"})}).path, "ColorMatte");
+    EXPECT_EQ(only_video_clip({clip("A").file({.media_source = "ColorMatte"})}).path, "ColorMatte");
 }
 
 TEST(video_clip, says_what_is_missing_where)
 {
     const std::string rest = "<in>0</in><out>50</out><duration>50</duration></clipitem>";
-    EXPECT_THAT(message_of({"<clipitem><name>Boat</name><end>50</end>" + rest}),
+    EXPECT_THAT(message_of_track({"<clipitem><name>Boat</name><end>50</end>" + rest}),
                 HasSubstr(R"(The clip "Boat" on track V1 has no "start" element.)"));
-    EXPECT_THAT(message_of({"<clipitem><start>0</start>" + rest}),
+    EXPECT_THAT(message_of_track({"<clipitem><start>0</start>" + rest}),
                 HasSubstr(R"(A clip without a name on track V1 has no "end" element.)"));
     for (const std::string missing : {"in", "out", "duration"}) {
         std::string item = "<clipitem><start>0</start><end>50</end>";
@@ -339,7 +340,7 @@ TEST(video_clip, says_what_is_missing_where)
             if (present != missing)
                 item += element(present, 5);
         }
-        EXPECT_THAT(message_of({item + "</clipitem>"}), HasSubstr("has no \"" + missing + "\" element"))
+        EXPECT_THAT(message_of_track({item + "</clipitem>"}), HasSubstr("has no \"" + missing + "\" element"))
             << missing;
     }
 }

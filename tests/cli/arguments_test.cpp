@@ -1,19 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "cli/arguments.h"
+#include "cli/parsed_report.h"
 
 #include <gtest/gtest.h>
 
 namespace tallyframe::cli {
-
-namespace {
-
-report_request parsed(std::vector<std::string> flags)
-{
-    flags.insert(flags.begin(), {"report", "cut.xml"});
-    return parse_arguments(flags).report.value();
-}
-
-} // namespace
 
 TEST(parse_arguments, leaves_every_option_at_its_default_without_flags)
 {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "cli/arguments.h"
+#include "cli/parsed_report.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -7,12 +8,6 @@
 namespace tallyframe::cli {
 
 namespace {
-
-report_request parsed(std::vector<std::string> flags)
-{
-    flags.insert(flags.begin(), {"report", "cut.xml"});
-    return parse_arguments(flags).report.value();
-}
 
 std::string refusal_of(const std::vector<std::string>& flags)
 {

@@ -17,7 +17,7 @@ entries catalogue_of(const std::string& inside)
     return sequence_catalogue(testing_support::parsed_text("<xmeml>" + inside + "</xmeml>").index);
 }
 
-std::string sequence(const std::string& uuid, const std::string& name)
+std::string named_sequence(const std::string& uuid, const std::string& name)
 {
     return "<sequence><uuid>" + uuid + "</uuid><name>" + name + "</name></sequence>";
 }
@@ -28,14 +28,14 @@ const std::string loose_clip = "<bin><children><clip id=\"c\"/></children></bin>
 
 TEST(sequence_catalogue, lists_bin_clips_a_separator_and_every_sequence)
 {
-    EXPECT_EQ(catalogue_of(sequence("u1", "Reel 1") + loose_clip + sequence("u2", "Reel 2")),
+    EXPECT_EQ(catalogue_of(named_sequence("u1", "Reel 1") + loose_clip + named_sequence("u2", "Reel 2")),
               (entries{bin_clips, separator, {"Reel 1", "u1"}, {"Reel 2", "u2"}}));
 }
 
 TEST(sequence_catalogue, has_no_separator_when_one_kind_is_missing)
 {
     EXPECT_EQ(catalogue_of(loose_clip + loose_clip), entries{bin_clips});
-    EXPECT_EQ(catalogue_of(sequence("u1", "Reel 1")), (entries{{"Reel 1", "u1"}}));
+    EXPECT_EQ(catalogue_of(named_sequence("u1", "Reel 1")), (entries{{"Reel 1", "u1"}}));
 }
 
 TEST(sequence_catalogue, is_empty_for_a_document_with_neither)
@@ -45,16 +45,16 @@ TEST(sequence_catalogue, is_empty_for_a_document_with_neither)
 
 TEST(sequence_catalogue, finds_nested_sequences_in_document_order)
 {
-    const std::string inner = sequence("inner", "Inner");
+    const std::string inner = named_sequence("inner", "Inner");
     EXPECT_EQ(catalogue_of("<bin><children>" + inner + "</children></bin><sequence><media><video>"
-                           + sequence("deep", "Deep")
+                           + named_sequence("deep", "Deep")
                            + "</video></media><uuid>outer</uuid><name>Outer</name></sequence>"),
               (entries{{"Inner", "inner"}, {"Deep", "deep"}, {"Outer", "outer"}}));
 }
 
 TEST(sequence_catalogue, lists_two_sequences_of_one_name)
 {
-    EXPECT_EQ(catalogue_of(sequence("u1", "Cut") + sequence("u2", "Cut")),
+    EXPECT_EQ(catalogue_of(named_sequence("u1", "Cut") + named_sequence("u2", "Cut")),
               (entries{{"Cut", "u1"}, {"Cut", "u2"}}));
 }
 

@@ -24,7 +24,7 @@ files_info info_of(const std::string& file_markup, std::optional<frame_rate> seq
     return get_files_info(parsed.index.files, seq_fcp_rate, display);
 }
 
-file_record record_of(const std::string& file_markup, std::optional<frame_rate> seq_fcp_rate = rate_25)
+file_record file_record_of(const std::string& file_markup, std::optional<frame_rate> seq_fcp_rate = rate_25)
 {
     const files_info info = info_of(file_markup, seq_fcp_rate);
     EXPECT_EQ(info.files.records().size(), 1U);
@@ -78,30 +78,30 @@ TEST(media_files, gives_a_file_without_an_id_the_empty_one)
 
 TEST(media_files, marks_a_still_image_by_no_duration)
 {
-    EXPECT_EQ(record_of(file("<name/>")).src_duration, std::nullopt);
-    EXPECT_EQ(record_of(file("<duration>111.0</duration>")).src_duration, 111);
+    EXPECT_EQ(file_record_of(file("<name/>")).src_duration, std::nullopt);
+    EXPECT_EQ(file_record_of(file("<duration>111.0</duration>")).src_duration, 111);
 }
 
 TEST(media_files, takes_a_known_rate_from_the_table)
 {
-    const file_record record = record_of(file(rate("30", "True")));
+    const file_record record = file_record_of(file(rate("30", "True")));
     EXPECT_EQ(record.fcp_rate, rate_2997);
     EXPECT_EQ(record.type, "NTSC/HD (29.97 fps)");
 }
 
 TEST(media_files, computes_an_unknown_rate)
 {
-    const file_record ntsc = record_of(file(rate("48", "TRUE")));
+    const file_record ntsc = file_record_of(file(rate("48", "TRUE")));
     EXPECT_EQ(ntsc.fcp_rate, (frame_rate{47.952, true}));
     EXPECT_EQ(ntsc.type, "Non-Standard (47.952 fps)");
-    const file_record whole = record_of(file(rate("48", "FALSE")));
+    const file_record whole = file_record_of(file(rate("48", "FALSE")));
     EXPECT_EQ(whole.fcp_rate, (frame_rate{48, false}));
     EXPECT_EQ(whole.type, "Non-Standard (48 fps)");
 }
 
 TEST(media_files, takes_the_rate_of_the_sequence_without_one_of_its_own)
 {
-    const file_record record = record_of(file("<rate><ntsc>FALSE</ntsc></rate>"), rate_2997);
+    const file_record record = file_record_of(file("<rate><ntsc>FALSE</ntsc></rate>"), rate_2997);
     EXPECT_EQ(record.fcp_rate, rate_2997);
     EXPECT_EQ(record.type, "NTSC/HD (29.97 fps)");
 }
@@ -109,71 +109,73 @@ TEST(media_files, takes_the_rate_of_the_sequence_without_one_of_its_own)
 TEST(media_files, has_no_rate_in_bins_without_a_usable_one)
 {
     for (const std::string& markup : {file("<name/>"), file(rate("0", "FALSE")), file(rate("x", "TRUE"))}) {
-        const file_record record = record_of(markup, std::nullopt);
+        const file_record record = file_record_of(markup, std::nullopt);
         EXPECT_EQ(record.fcp_rate, std::nullopt);
         EXPECT_EQ(record.type, std::nullopt);
     }
-    EXPECT_EQ(record_of(file(rate("25", "FALSE")), std::nullopt).fcp_rate, rate_25);
+    EXPECT_EQ(file_record_of(file(rate("25", "FALSE")), std::nullopt).fcp_rate, rate_25);
 }
 
 TEST(media_files, writes_the_frame_size_with_a_multiplication_sign)
 {
     const auto size = [](const std::string& inner) {
-        return record_of(file(around("media", around("video", around("samplecharacteristics", inner)))))
+        return file_record_of(file(around("media", around("video", around("samplecharacteristics", inner)))))
             .frame_size;
     };
     EXPECT_EQ(size("<width>1920</width><height>1080</height>"), "1920 × 1080");
     EXPECT_EQ(size("<width>1920</width>"), std::nullopt);
-    EXPECT_EQ(record_of(file("<name/>")).frame_size, std::nullopt);
+    EXPECT_EQ(file_record_of(file("<name/>")).frame_size, std::nullopt);
 }
 
 TEST(media_files, keeps_the_sample_rate_as_written)
 {
-    const file_record record = record_of(file("<media><audio><samplecharacteristics><samplerate>48000</"
-                                              "samplerate></samplecharacteristics></audio></media>"));
+    const file_record record = file_record_of(file("<media><audio><samplecharacteristics><samplerate>48000</"
+                                                   "samplerate></samplecharacteristics></audio></media>"));
     EXPECT_EQ(record.samplerate, "48000");
-    EXPECT_EQ(record_of(file("<name/>")).samplerate, std::nullopt);
+    EXPECT_EQ(file_record_of(file("<name/>")).samplerate, std::nullopt);
 }
 
 TEST(media_files, reads_the_first_timecode_as_frames)
 {
-    EXPECT_EQ(
-        record_of(file(rate("25", "FALSE") + timecode("", "", rate("25", "FALSE") + "<frame>90000</frame>")))
-            .timecode_frame,
-        90'000);
-    EXPECT_EQ(record_of(file(rate("25", "FALSE")
-                             + timecode("", "", rate("25", "FALSE") + "<string>01:00:00:00</string>")))
+    EXPECT_EQ(file_record_of(
+                  file(rate("25", "FALSE") + timecode("", "", rate("25", "FALSE") + "<frame>90000</frame>")))
                   .timecode_frame,
               90'000);
-    EXPECT_EQ(record_of(file("<name/>")).timecode_frame, 0);
+    EXPECT_EQ(file_record_of(file(rate("25", "FALSE")
+                                  + timecode("", "", rate("25", "FALSE") + "<string>01:00:00:00</string>")))
+                  .timecode_frame,
+              90'000);
+    EXPECT_EQ(file_record_of(file("<name/>")).timecode_frame, 0);
 }
 
 TEST(media_files, takes_format_and_frame_from_anywhere_below)
 {
     const file_record record =
-        record_of(file("<media><x><frame>12</frame><displayformat>DF</displayformat></x></media>"));
+        file_record_of(file("<media><x><frame>12</frame><displayformat>DF</displayformat></x></media>"));
     EXPECT_EQ(record.timecode_frame, 12);
     EXPECT_EQ(record.displayformat, "DF");
 }
 
 TEST(media_files, rescales_a_timecode_to_the_rate_of_the_file)
 {
-    const file_record record =
-        record_of(file(rate("25", "FALSE") + timecode("", "", rate("30", "FALSE") + "<frame>31</frame>")));
+    const file_record record = file_record_of(
+        file(rate("25", "FALSE") + timecode("", "", rate("30", "FALSE") + "<frame>31</frame>")));
     EXPECT_EQ(record.timecode_frame, 31 * 25 / 30.0) << "a fraction stays one";
 }
 
 TEST(media_files, leaves_a_timecode_without_a_usable_timebase_as_it_is)
 {
     const std::string start = "<string>00:00:02:00</string>";
-    EXPECT_EQ(record_of(file(rate("25", "FALSE") + timecode("", "", start))).timecode_frame, 50);
-    EXPECT_EQ(
-        record_of(file(rate("25", "FALSE") + timecode("", "", rate("0", "FALSE") + start))).timecode_frame,
-        50);
-    EXPECT_EQ(record_of(file(rate("25", "FALSE") + timecode("", "", rate("0", "FALSE") + "<frame>7</frame>")))
+    EXPECT_EQ(file_record_of(file(rate("25", "FALSE") + timecode("", "", start))).timecode_frame, 50);
+    EXPECT_EQ(file_record_of(file(rate("25", "FALSE") + timecode("", "", rate("0", "FALSE") + start)))
                   .timecode_frame,
-              7);
-    EXPECT_EQ(record_of(file(timecode("", "", start)), std::nullopt).timecode_frame, 0) << "no rate at all";
+              50);
+    EXPECT_EQ(
+        file_record_of(file(rate("25", "FALSE") + timecode("", "", rate("0", "FALSE") + "<frame>7</frame>")))
+            .timecode_frame,
+        7);
+    EXPECT_EQ(file_record_of(file(timecode("", "", start)), std::nullopt).timecode_frame, 0)
+        << "no rate at all";
 }
 
 TEST(media_files, takes_reel_and_roll_from_their_timecodes)
@@ -186,14 +188,14 @@ TEST(media_files, takes_reel_and_roll_from_their_timecodes)
 
 TEST(media_files, takes_only_a_roll_from_a_sound_timecode_beside_another)
 {
-    const file_record record = record_of(file(timecode("sound", "SR12") + timecode("sound", "SR13")));
+    const file_record record = file_record_of(file(timecode("sound", "SR12") + timecode("sound", "SR13")));
     EXPECT_EQ(record.reel_name, std::nullopt);
     EXPECT_EQ(record.roll_name, "SR13");
 }
 
 TEST(media_files, takes_the_reel_of_the_only_timecode_whatever_its_source)
 {
-    const file_record record = record_of(file(timecode("sound", "SR12")));
+    const file_record record = file_record_of(file(timecode("sound", "SR12")));
     EXPECT_EQ(record.reel_name, "SR12");
     EXPECT_EQ(record.roll_name, std::nullopt);
 }
@@ -203,12 +205,12 @@ TEST(media_files, takes_the_reel_of_another_source_only_when_none_came_before)
     const files_info aux_first = info_of(file(timecode("aux1", "X1") + timecode("aux2", "X2")));
     EXPECT_EQ(aux_first.files.records()[0].reel_name, "X1");
     EXPECT_THAT(aux_first.reel_names, ElementsAre("X1"));
-    EXPECT_EQ(record_of(file(timecode("source", "A1") + timecode("aux1", "X1"))).reel_name, "A1");
+    EXPECT_EQ(file_record_of(file(timecode("source", "A1") + timecode("aux1", "X1"))).reel_name, "A1");
 }
 
 TEST(media_files, writes_reels_in_plain_ascii)
 {
-    EXPECT_EQ(record_of(file(timecode("", "Zoë 1"))).reel_name, "Zoe 1");
+    EXPECT_EQ(file_record_of(file(timecode("", "Zoë 1"))).reel_name, "Zoe 1");
 }
 
 TEST(media_files, keeps_repeats_of_a_reel)
@@ -219,27 +221,27 @@ TEST(media_files, keeps_repeats_of_a_reel)
 TEST(media_files, shows_an_audio_file_that_starts_at_zero_as_non_drop)
 {
     const std::string start = "<frame>0</frame><displayformat>DF</displayformat>";
-    EXPECT_EQ(record_of(file(timecode("", "", start))).displayformat, "NDF");
-    EXPECT_EQ(record_of(file(timecode("", "", start) + "<media><video/></media>")).displayformat, "DF");
-    EXPECT_EQ(
-        record_of(file(timecode("", "", "<frame>5</frame><displayformat>DF</displayformat>"))).displayformat,
-        "DF");
+    EXPECT_EQ(file_record_of(file(timecode("", "", start))).displayformat, "NDF");
+    EXPECT_EQ(file_record_of(file(timecode("", "", start) + "<media><video/></media>")).displayformat, "DF");
+    EXPECT_EQ(file_record_of(file(timecode("", "", "<frame>5</frame><displayformat>DF</displayformat>")))
+                  .displayformat,
+              "DF");
 }
 
 TEST(media_files, takes_the_path_from_the_url)
 {
     const file_record record =
-        record_of(file("<pathurl>file://localhost/Volumes/Media/My%20Clip?.mov</pathurl>"));
+        file_record_of(file("<pathurl>file://localhost/Volumes/Media/My%20Clip?.mov</pathurl>"));
     EXPECT_EQ(record.path, "/Volumes/Media/My Clip?.mov");
     EXPECT_EQ(record.video_format, "");
     EXPECT_EQ(record.audio_format, "");
-    EXPECT_EQ(record_of(file("<pathurl>file://localhost/%FF</pathurl>")).path, std::nullopt);
-    EXPECT_EQ(record_of(file("<name/>")).path, "");
+    EXPECT_EQ(file_record_of(file("<pathurl>file://localhost/%FF</pathurl>")).path, std::nullopt);
+    EXPECT_EQ(file_record_of(file("<name/>")).path, "");
 }
 
 TEST(media_files, names_what_generates_the_media)
 {
-    const file_record record = record_of(file("<mediaSource>Slug</mediaSource><pathurl>x</pathurl>"));
+    const file_record record = file_record_of(file("<mediaSource>Slug</mediaSource><pathurl>x</pathurl>"));
     EXPECT_EQ(record.path, "Slug");
     EXPECT_EQ(record.video_format, std::nullopt);
     EXPECT_EQ(record.audio_format, std::nullopt);

@@ -12,6 +12,10 @@
 
 namespace tallyframe::testing_support {
 
+/// How cameras and exports encode films: key frames are far apart, others lean on frames before and after.
+inline const std::vector<std::string> long_gop = {"-c:v", "libx264", "-preset", "veryfast",
+                                                  "-g",   "30",      "-bf",     "3"};
+
 /// Frames of 160 × 96 pixels that carry their own number, from 0, as ten bars: bar i is white when bit i is
 /// set.
 inline std::string numbered_frames(const std::string& rate)

@@ -63,8 +63,8 @@ TEST(rounded, goes_half_away_from_zero)
 
 TEST(nominal_rate, is_nothing_where_no_rate_can_be)
 {
-    constexpr double infinity = std::numeric_limits<double>::infinity();
-    for (const double rate : {0.0, 0.49, -25.0, 1e7, infinity, -infinity, std::nan("")})
+    constexpr double endless = std::numeric_limits<double>::infinity();
+    for (const double rate : {0.0, 0.49, -25.0, 1e7, endless, -endless, std::nan("")})
         EXPECT_EQ(nominal_rate(rate), std::nullopt) << rate;
     EXPECT_EQ(nominal_rate(0.5), 1);
     EXPECT_EQ(nominal_rate(1'000'000), 1'000'000);

@@ -101,10 +101,10 @@ TEST(to_timecode, gives_the_empty_text_for_nothing)
 
 TEST(to_timecode, gives_the_empty_text_where_no_time_can_be_told)
 {
-    constexpr double infinity = std::numeric_limits<double>::infinity();
-    for (const double rate : {0.0, 0.4, -1.0, -30.0, infinity, -infinity, std::nan("")})
+    constexpr double endless = std::numeric_limits<double>::infinity();
+    for (const double rate : {0.0, 0.4, -1.0, -30.0, endless, -endless, std::nan("")})
         EXPECT_EQ(to_timecode(1, rate, "DF"), "") << rate;
-    for (const double frames : {infinity, -infinity, std::nan(""), 1e15, -1e15, 1e300})
+    for (const double frames : {endless, -endless, std::nan(""), 1e15, -1e15, 1e300})
         EXPECT_EQ(to_timecode(frames, 25, "NDF"), "") << frames;
     EXPECT_EQ(to_timecode(999'999'999'999'999, 25, "NDF"), "11111111111:06:39:24");
 }

@@ -13,18 +13,18 @@ using testing::HasSubstr;
 
 namespace {
 
-using bytes = std::vector<std::uint8_t>;
+using file_bytes = std::vector<std::uint8_t>;
 
-void append_big_endian(bytes& out, std::uint32_t number, int size)
+void append_big_endian(file_bytes& out, std::uint32_t number, int size)
 {
     for (int i = size - 1; i >= 0; --i)
         out.push_back(static_cast<std::uint8_t>(number >> (8 * i)));
 }
 
 /// The start of a PNG file, as far as its size.
-bytes png(std::uint32_t width, std::uint32_t height, std::size_t more = 0)
+file_bytes png(std::uint32_t width, std::uint32_t height, std::size_t more = 0)
 {
-    bytes file{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n', 0, 0, 0, 13, 'I', 'H', 'D', 'R'};
+    file_bytes file{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n', 0, 0, 0, 13, 'I', 'H', 'D', 'R'};
     append_big_endian(file, width, 4);
     append_big_endian(file, height, 4);
     file.resize(file.size() + more, 0xAB);
@@ -32,16 +32,19 @@ bytes png(std::uint32_t width, std::uint32_t height, std::size_t more = 0)
 }
 
 /// The start of a JPEG file: two segments that say nothing, fill bytes, then the frame.
-bytes jpeg(std::uint32_t width, std::uint32_t height, std::uint8_t components = 3, std::uint8_t frame = 0xC2)
+file_bytes jpeg(std::uint32_t width, std::uint32_t height, std::uint8_t components = 3,
+                std::uint8_t frame = 0xC2)
 {
-    bytes file{0xFF, 0xD8, 0xFF, 0xE0, 0, 4, 'J', 'F', 0xFF, 0xC4, 0, 2, 0xFF, 0xFF, 0xFF, frame, 0, 17, 8};
+    file_bytes file{0xFF, 0xD8, 0xFF, 0xE0, 0,    4,     'J', 'F', 0xFF, 0xC4,
+                    0,    2,    0xFF, 0xFF, 0xFF, frame, 0,   17,  8};
     append_big_endian(file, height, 2);
     append_big_endian(file, width, 2);
     file.push_back(components);
     return file;
 }
 
-std::filesystem::path saved(const temporary_folder& folder, const std::string& name, const bytes& content)
+std::filesystem::path saved(const temporary_folder& folder, const std::string& name,
+                            const file_bytes& content)
 {
     const auto path = folder / name;
     std::ofstream(path, std::ios::binary)
@@ -87,7 +90,7 @@ TEST(picture_header, takes_no_other_files)
     EXPECT_FALSE(xls::read_picture_header(png(0x80000000, 5)));
     EXPECT_FALSE(xls::read_picture_header(jpeg(320, 0)));
     EXPECT_FALSE(xls::read_picture_header(jpeg(320, 180, 3, 0xDA)));
-    EXPECT_FALSE(xls::read_picture_header(bytes{'G', 'I', 'F', '8', '9', 'a', 1, 0, 1, 0}));
+    EXPECT_FALSE(xls::read_picture_header(file_bytes{'G', 'I', 'F', '8', '9', 'a', 1, 0, 1, 0}));
 }
 
 TEST(picture_header, bears_a_file_that_is_cut_short)

@@ -57,8 +57,6 @@ private:
     std::size_t row_ = 0;
 };
 
-const std::vector<std::string> long_gop = {"-c:v", "libx264", "-preset", "veryfast", "-g", "30", "-bf", "3"};
-
 TEST_F(ffmpeg_thumbnailer_, shows_the_frame_at_the_in_point)
 {
     const auto film = media_.film("film.mov", "30000/1001", 60, long_gop);

@@ -12,8 +12,6 @@ using namespace tallyframe::testing_support;
 
 namespace {
 
-const std::vector<std::string> long_gop = {"-c:v", "libx264", "-preset", "veryfast", "-g", "30", "-bf", "3"};
-
 std::string head_of(const std::filesystem::path& file, std::uintmax_t length)
 {
     std::ifstream in(file, std::ios::binary);

@@ -96,7 +96,6 @@ TEST_P(video_file_of_kind, shows_each_frame_where_only_some_are_expected)
 
 using encoding = std::vector<std::string>;
 
-const encoding long_gop = {"-c:v", "libx264", "-preset", "veryfast", "-g", "30", "-bf", "3"};
 const encoding no_b_frames = {"-c:v", "libx264", "-preset", "veryfast", "-g", "30", "-bf", "0"};
 const encoding intra_only = {"-c:v", "libx264", "-preset", "veryfast", "-g", "1"};
 const encoding open_gop = {"-c:v", "libx264", "-preset", "veryfast",     "-g",
