@@ -36,8 +36,12 @@ std::string_view first_line(std::string_view message)
 
 void stop_on_signals()
 {
-    std::signal(SIGINT, request_stop);
-    std::signal(SIGTERM, request_stop);
+    for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
+        if (std::signal(number, request_stop) == SIG_IGN)
+            std::signal(number, SIG_IGN); // as nohup and a shell's background jobs have it
+    }
+    for (const int number : {SIGPIPE, SIGXFSZ})
+        std::signal(number, SIG_IGN); // the write that failed says so
 }
 
 void stream_diagnostics::write(std::string_view text)

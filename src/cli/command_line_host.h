@@ -68,8 +68,8 @@ public:
     void analyze_sequence() override { }
 };
 
-/// Makes Ctrl-C (and a polite request to end) stop the run at its next step; a second Ctrl-C ends the process
-/// at once.
+/// Makes Ctrl-C, a polite request to end and the end of the terminal stop the run at its next step; a second
+/// one ends the process at once. A reader of the output that goes away stops nothing.
 void stop_on_signals();
 
 } // namespace tallyframe::cli

@@ -203,7 +203,7 @@ int run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
         fmt::print(err, "tallyframe: {}\n", error.what());
         return wrong_usage;
     } catch (const run_cancelled&) {
-        err << "tallyframe: stopped. Nothing was written.\n";
+        err << "tallyframe: stopped. The workbook was not written.\n";
         return stopped;
     } catch (const xls::too_many_rows& error) {
         fmt::print(err, "tallyframe: {}\n{}\n", error.what(), advice_for(error.sheet));

@@ -4,12 +4,14 @@ import os
 import signal
 import subprocess
 import sys
-import tempfile
 import time
 import unittest
 from pathlib import Path
 
 import xlrd
+
+from made_timelines import timeline
+from report_runs import ReportRuns
 
 PROGRAM = sys.argv.pop(1)
 WIDTH = 160
@@ -45,50 +47,12 @@ def number_shown(jpeg):
     return sum(1 << bar for bar in range(BARS) if line[(2 * bar + 1) * WIDTH // (2 * BARS)] > 128)
 
 
-def clip_item(name, path, start, source_in, length=10):
-    return (f"<clipitem><name>{name}</name><duration>250</duration><rate><timebase>25</timebase><ntsc>FALSE</ntsc></rate>"
-            f"<in>{source_in}</in><out>{source_in + length}</out><start>{start}</start><end>{start + length}</end>"
-            f"<enabled>TRUE</enabled><file id='{path}'><name>{name}</name><duration>250</duration>"
-            "<rate><timebase>25</timebase><ntsc>FALSE</ntsc></rate>"
-            f"<pathurl>file://localhost{path}</pathurl></file></clipitem>")
+class Reports(ReportRuns):
+    program = PROGRAM
 
-
-def timeline(video, audio=()):
-    """A sequence; each clip is (name, path, in-point)."""
-    def track(clips):
-        return "<track>" + "".join(clip_item(name, path, 10 * i, source_in)
-                                   for i, (name, path, source_in) in enumerate(clips)) + "</track>"
-    return ("<?xml version='1.0' encoding='UTF-8'?><xmeml version='5'><sequence><uuid>U</uuid><name>Reel 1</name>"
-            "<duration>100</duration><rate><timebase>25</timebase><ntsc>FALSE</ntsc></rate>"
-            "<timecode><rate><timebase>25</timebase><ntsc>FALSE</ntsc></rate><frame>0</frame></timecode>"
-            f"<media><video>{track(video)}</video><audio>{track(audio)}</audio></media></sequence></xmeml>")
-
-
-class Reports(unittest.TestCase):
     def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = Path(folder.name)
-        self.temporary = self.folder / "tmp"
-        self.desk = self.folder / "desk"
-        for new in (self.temporary, self.desk):
-            new.mkdir()
-        self.workbook = self.desk / "Reel 1.xls"
+        super().setUp()
         self.film = self.folder / "media" / "Day 1" / "film.mov"
-
-    def command(self, document, *options):
-        (self.folder / "cut.xml").write_text(document, encoding="utf-8")
-        return [PROGRAM, "report", self.folder / "cut.xml", "-o", self.workbook, *options]
-
-    def environment(self, **more):
-        return {**os.environ, "TMPDIR": str(self.temporary), **more}
-
-    def report(self, document, *options, code=0, **environment):
-        run = subprocess.run(self.command(document, *options), env=self.environment(**environment),
-                             capture_output=True, text=True)
-        self.assertEqual(run.returncode, code, run.stderr)
-        self.assertEqual(list(self.temporary.iterdir()), [], "something is left in the temporary folder")
-        return run
 
     def pictures(self):
         return sorted((self.desk / "Reel 1 thumbnails").iterdir())
