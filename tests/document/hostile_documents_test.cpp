@@ -190,6 +190,55 @@ TEST(hostile_documents, are_refused_when_an_entity_calls_itself)
         loads("<!DOCTYPE xmeml [<!ENTITY a '&b;'><!ENTITY b '&a;'>]><xmeml><name id='&a;'/></xmeml>"));
 }
 
+std::string repeated(const std::string& text, int times)
+{
+    std::string all;
+    for (int i = 0; i < times; ++i)
+        all += text;
+    return all;
+}
+
+auto is_refused_for_its_type()
+{
+    return ThrowsMessage<load_error>(HasSubstr("definition of its type"));
+}
+
+TEST(hostile_documents, may_define_a_small_type)
+{
+    const parsed_xml parsed =
+        parsed_text("<!DOCTYPE xmeml [<!ELEMENT name (#PCDATA)><!ATTLIST xmeml version (4|5) #IMPLIED>"
+                    "<!ENTITY % p \"<!ENTITY e 'text'>\">%p;]><xmeml version='5'><name>&e;</name></xmeml>");
+    EXPECT_EQ(parsed.document.root().attribute("version"), "5");
+    EXPECT_EQ(parsed.document.root().text_of("name"), "text");
+}
+
+// 60 kilobytes that took 15 seconds: each element got 3 000 attributes.
+TEST(hostile_documents, are_refused_when_their_type_gives_values_to_attributes)
+{
+    std::string attributes;
+    for (int i = 0; i < 3000; ++i)
+        attributes += " a" + std::to_string(i) + " CDATA 'x'";
+    const std::string text =
+        "<!DOCTYPE xmeml [<!ATTLIST b" + attributes + ">]><xmeml>" + repeated("<b/>", 3000) + "</xmeml>";
+    EXPECT_THAT([&] { parsed_text(text); }, is_refused_for_its_type());
+}
+
+// 110 kilobytes that took 5 seconds and 700 megabytes.
+TEST(hostile_documents, are_refused_when_parameter_entities_multiply)
+{
+    const std::string text = "<!DOCTYPE xmeml [<!ENTITY % p '<!--" + repeated("x", 60'000) + "-->'>"
+        + repeated("%p;\n", 8000) + "]><xmeml/>";
+    EXPECT_THAT([&] { parsed_text(text); }, is_refused_for_its_type());
+    EXPECT_THAT([&] { parsed_text("<!DOCTYPE xmeml [" + repeated("%p;", 12'000) + "]><xmeml/>"); },
+                is_refused_for_its_type());
+}
+
+TEST(hostile_documents, are_refused_when_their_type_is_long)
+{
+    const std::string text = "<!DOCTYPE xmeml [" + repeated("<!NOTATION n SYSTEM 's'>", 5000) + "]><xmeml/>";
+    EXPECT_THAT([&] { parsed_text(text); }, is_refused_for_its_type());
+}
+
 TEST(hostile_documents, are_refused_with_a_sentence_when_nested_too_deep)
 {
     std::string text;
