@@ -27,9 +27,9 @@ enum class blank_texts { dropped, kept };
 
 /// Parses what `source` brings and goes on after errors as far as possible; none when there is not even a
 /// document to begin with. Tells `handle_error` of every error as it is met. Opens no other file and no
-/// connection, whatever the document asks for. Throws load_error for a document type that would take more time
-/// or memory than the document is worth: a long one, one that gives values to attributes, one that multiplies
-/// parameter entities.
+/// connection, whatever the document asks for. Throws load_error for a document type that would take more
+/// time or memory than the document is worth: a long one, one that gives values to attributes, one that
+/// multiplies parameter entities.
 xml_document parse_tolerantly(const byte_source& source, blank_texts blanks,
                               const xml_error_handler& handle_error);
 
