@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "document/tolerant_parser.h"
 
+#include "document/attribute_limit.h"
 #include "platform/failures.h"
 
 #include <libxml/SAX2.h>
@@ -28,6 +29,7 @@ struct parse_in_progress {
     const xml_error_handler& handle_error;
     xmlParserCtxtPtr parser = nullptr;
     std::exception_ptr failure = nullptr;
+    attribute_limit attributes = {};
     std::size_t document_type_size = 0;
     std::size_t parameter_entities_size = 0;
 };
@@ -124,6 +126,7 @@ int read_bytes(void* context, char* buffer, int size)
         const std::size_t count = parse.source(buffer, static_cast<std::size_t>(size));
         if (parse.parser->inSubset != 0 && (parse.document_type_size += count) > document_type_limit)
             refuse_document_type(parse);
+        parse.attributes.check({buffer, count});
         return static_cast<int>(count);
     } catch (...) {
         parse.failure = std::current_exception();

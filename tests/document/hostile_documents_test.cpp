@@ -239,6 +239,18 @@ TEST(hostile_documents, are_refused_when_their_type_is_long)
     EXPECT_THAT([&] { parsed_text(text); }, is_refused_for_its_type());
 }
 
+// Three megabytes that took a minute: the parser compares the attributes of a tag with each other.
+TEST(hostile_documents, are_refused_when_a_tag_has_too_many_attributes)
+{
+    std::string tag = "<a";
+    for (int i = 0; i < 200'000; ++i)
+        tag += " a" + std::to_string(i) + "=''";
+    for (const char* before : {"", "\xFF\n"}) {
+        EXPECT_THAT([&] { parsed_text("<xmeml>" + std::string(before) + tag + "/></xmeml>"); },
+                    ThrowsMessage<load_error>(HasSubstr("more than 1,000 attributes")));
+    }
+}
+
 TEST(hostile_documents, are_refused_with_a_sentence_when_nested_too_deep)
 {
     std::string text;
