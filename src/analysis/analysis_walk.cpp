@@ -8,6 +8,8 @@ namespace tallyframe {
 track_position position_of(const analysis_walk& walk, const track_context& track, std::int64_t start,
                            std::int64_t end)
 {
+    walk.texts.spend(track.name);
+    walk.texts.spend(track.enabled);
     track_position position;
     position.track = track.label;
     position.track_name = track.name;

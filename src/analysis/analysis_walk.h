@@ -2,6 +2,7 @@
 #pragma once
 
 #include "analysis/analysis_result.h"
+#include "analysis/text_budget.h"
 #include "document/document_index.h"
 #include "document/xml_node.h"
 #include "media/media_files.h"
@@ -22,6 +23,7 @@ struct analysis_walk {
     progress& display;
     analysis_result& result; ///< its header is complete, its records grow
     std::int64_t sequence_start_frame; ///< 0 outside sequences
+    text_budget& texts; ///< records take of it for what they share
 
     /// First source frame of the last clip that had media. Markers of a clip without media count from it.
     std::optional<double> src_start_frame;

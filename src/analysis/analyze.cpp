@@ -36,14 +36,16 @@ std::int64_t progress_bar_length(const document_index& index, std::size_t sequen
 
 /// Gives each video clip that is itself a sequence the file of the first clip inside, so that it is listed
 /// with that media.
-void add_files_to_nested_sequences(xml_node sequence, document_index& index)
+void add_files_to_nested_sequences(xml_node sequence, document_index& index, text_budget& texts)
 {
     for (xml_node nested : sequence.all("media/video/track/clipitem/sequence")) {
         const auto id = nested.attribute("id");
         if (!id)
             continue;
-        if (const xml_node file = index.nested_sequence_file(with_quotes_escaped(*id)))
+        if (const xml_node file = index.nested_sequence_file(with_quotes_escaped(*id))) {
+            texts.spend(file.text());
             index.add_file_of_clip_item(nested.insert_copy_before(file));
+        }
     }
 }
 
@@ -76,6 +78,7 @@ analysis_result analyze(document_index& index, std::string_view uuid,
     const analysis_scope scope{import_video_audio_preference.find("video") != std::string_view::npos,
                                import_video_audio_preference.find("audio") != std::string_view::npos};
     analysis_result result;
+    text_budget texts;
     const xml_node sequence = index.sequence_with_uuid(uuid);
     result.is_sequence = static_cast<bool>(sequence);
     const std::int64_t sequence_start_frame = sequence ? read_sequence_header(sequence, result) : 0;
@@ -88,14 +91,14 @@ analysis_result analyze(document_index& index, std::string_view uuid,
 
     if (sequence.attribute("explodedTracks")) {
         result.ppro = true;
-        add_files_to_nested_sequences(sequence, index);
+        add_files_to_nested_sequences(sequence, index, texts);
     }
     const files_info media = get_files_info(index.files, result.seq_fcp_rate, display);
     result.seq_markers_data_array = sequence_marker_records(sequence_markers, sequence_start_frame, display);
 
     video_checkboxes.clone_and_clear();
     audio_checkboxes.clone_and_clear();
-    analysis_walk walk{index, media.files, out, display, result, sequence_start_frame, {}};
+    analysis_walk walk{index, media.files, out, display, result, sequence_start_frame, texts, {}};
     if (scope.video)
         walk_video_tracks(walk, tracks.video, video_checkboxes);
     if (scope.audio)

@@ -169,7 +169,7 @@ clip_item read_clip_item(analysis_walk& walk, const track_context& track, xml_no
     clip.enabled = track.enabled == "FALSE" ? track.enabled
         : children.enabled                  ? upper_cased(children.enabled.text())
                                             : "TRUE";
-    inherit_notes(walk.index, element, children.masterclipid, children.notes);
+    inherit_notes(walk.index, element, children.masterclipid, children.notes, walk.texts);
     clip.notes = read_notes(children.notes);
     clip.effects = effects_of(children.filters);
     clip.links = std::move(children.links);

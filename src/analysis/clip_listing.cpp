@@ -13,6 +13,9 @@ const file_record* listed_file_of(const analysis_walk& walk, const clip_item& cl
 clip_record clip_record_of(const analysis_walk& walk, const track_context& track, const clip_item& clip,
                            const file_record& file, const source_frames& source)
 {
+    for (const auto* shared : {&track.bin, &file.reel_name, &file.roll_name, &file.path, &file.samplerate})
+        walk.texts.spend(*shared);
+    walk.texts.spend(file.displayformat);
     clip_record record;
     record.track_position::operator=(position_of(walk, track, clip.positions.start, clip.positions.end));
     record.bin = track.bin;

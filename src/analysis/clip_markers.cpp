@@ -44,6 +44,8 @@ void add_clip_markers(const analysis_walk& walk, const track_context& track, con
         constexpr std::int64_t margin = 2;
         if (marker.in_point < scaled_in - margin || marker.out_point > scaled_out - margin)
             continue;
+        walk.texts.spend(track.name);
+        walk.texts.spend(clip.name);
         marker.track = track.label;
         marker.track_name = track.name;
         marker.clip_name = clip.name;

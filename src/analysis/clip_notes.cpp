@@ -71,7 +71,7 @@ std::string label_of(const std::vector<xml_node>& elements)
 } // namespace
 
 void inherit_notes(const document_index& index, xml_node clip_item, xml_node masterclipid,
-                   note_groups& groups)
+                   note_groups& groups, text_budget& texts)
 {
     if (!masterclipid)
         return;
@@ -79,8 +79,10 @@ void inherit_notes(const document_index& index, xml_node clip_item, xml_node mas
     for (std::size_t i = 0; i < groups.size(); ++i) {
         if (!groups[i].empty())
             continue;
-        if (const xml_node inherited = index.master_clip_group(i, id))
+        if (const xml_node inherited = index.master_clip_group(i, id)) {
+            texts.spend(inherited.text());
             groups[i].push_back(clip_item.append_copy(inherited));
+        }
     }
 }
 

@@ -144,6 +144,7 @@ std::vector<std::string> motion_names(const track_context& track, const clip_ite
 template <class Record>
 Record record_on(const analysis_walk& walk, const track_context& track, const clip_item& clip)
 {
+    walk.texts.spend(clip.name);
     Record record;
     record.track_position::operator=(position_of(walk, track, clip.positions.start, clip.positions.end));
     record.enabled = clip.enabled;

@@ -119,18 +119,20 @@ xml_document parse_for_the_last_time(std::string& text, diagnostics& out)
 {
     clean_all_lines(text);
     bool is_fatal = false;
-    bool is_beyond_limits = false;
+    parser_limit passed = parser_limit::none;
     xml_document document =
         parse_tolerantly(lines_joined(text), blank_texts::kept, [&](const xml_error& error) {
             out.write(error.printable + "\n");
             is_fatal = is_fatal || error.is_fatal;
-            is_beyond_limits = is_beyond_limits || error.is_limit;
+            if (passed == parser_limit::none)
+                passed = error.limit;
         });
-    if (is_beyond_limits) {
-        throw load_error(
-            "The document nests elements more than 256 deep or holds a text of more than 10 million "
-            "characters. Please export a simpler sequence.");
-    }
+    if (passed == parser_limit::depth)
+        throw load_error("The document nests elements more than 256 deep. Please export a simpler sequence.");
+    if (passed == parser_limit::text_length)
+        throw load_error("The document holds a text of more than 10 million characters. Please shorten it, "
+                         "then export the "
+                         "document again.");
     if (is_fatal && document.root())
         throw load_error(fatal_error_message);
     return document;

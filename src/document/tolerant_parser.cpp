@@ -54,10 +54,13 @@ std::string_view message_of(const xmlError& error)
     return message;
 }
 
-bool is_limit(const xmlError& error)
+parser_limit limit_of(const xmlError& error)
 {
     const std::string_view message = message_of(error);
-    return message.starts_with("Excessive depth") || message.find("huge text") != std::string_view::npos;
+    if (message.starts_with("Excessive depth"))
+        return parser_limit::depth;
+    return message.find("huge text") != std::string_view::npos ? parser_limit::text_length
+                                                               : parser_limit::none;
 }
 
 std::string printable(const xmlError& error)
@@ -75,7 +78,7 @@ void take_error(void* context, xmlErrorPtr error)
     if (parse.failure != nullptr)
         return;
     try {
-        parse.handle_error({error->line, error->level == XML_ERR_FATAL, is_limit(*error), printable(*error)});
+        parse.handle_error({error->line, error->level == XML_ERR_FATAL, limit_of(*error), printable(*error)});
     } catch (...) {
         parse.failure = std::current_exception();
     }

@@ -9,11 +9,14 @@
 
 namespace tallyframe {
 
+/// What the parser takes no more of, well-formed or not.
+enum class parser_limit { none, depth, text_length };
+
 /// Something that the parser complains about.
 struct xml_error {
     int line; ///< counted from 1; 0 when unknown
     bool is_fatal; ///< the document is not well-formed
-    bool is_limit; ///< well-formed or not, the parser takes no document of this shape
+    parser_limit limit; ///< that the document goes beyond
     std::string printable; ///< "12:40: ERROR: what is wrong"
 };
 using xml_error_handler = std::function<void(const xml_error&)>;

@@ -42,8 +42,8 @@ class HostileDocuments(ReportRuns):
         self.assertNotIn(SECRET, told)
         with self.assertRaises(BlockingIOError, msg="the network was called"):
             self.port.accept()
-        most = resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss / 1024
-        self.assertLess(most, MEGABYTES)
+        if not self.is_sanitized():
+            self.assertLess(resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss / 1024, MEGABYTES)
         return run.returncode, run.stderr
 
     def assert_refused(self, text, sentence):

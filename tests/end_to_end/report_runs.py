@@ -32,6 +32,10 @@ class ReportRuns(unittest.TestCase):
             self.document.write_text(document, encoding="utf-8")
         return [self.program, "report", self.document, "-o", self.workbook, *options]
 
+    def is_sanitized(self):
+        """Whether the program is built with a sanitizer, whose own memory is not to be measured."""
+        return b"__asan_init" in Path(self.program).read_bytes()
+
     def environment(self, **more):
         return {**os.environ, "TMPDIR": str(self.temporary), **more}
 
