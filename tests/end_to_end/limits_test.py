@@ -182,33 +182,6 @@ class LargeDocument(LimitRuns):
         parameters = "\n".join(
             f"\t\t<parameter>\n\t\t\t<parameterid>{i}</parameterid>\n\t\t\t<name>Setting {i}</name>\n"
             f"\t\t\t<value>{i}</value>\n\t\t</parameter>" for i in range(72))
-        effect = ("<filter><enabled>TRUE</enabled><effect><name>F</name><effectid>F</effectid>"
-                  "<effecttype>filter</effecttype></effect></filter>")
-        master = ("<bin><children><clip id='m'><logginginfo>"
-                  f"<lognote>{long_text}</lognote></logginginfo></clip></children></bin>")
-        defined = clip_of_reel(long_text, 0)
-        repeated = re.sub("(<file id='[^']*')>.*</file>", r"\1/>", defined)
-        for what, content in (
-                ("a clip's name", sequence(track([clip_item(long_text, "/media/a.mov", 0, 0, rest=effect * 2000)]))),
-                ("a file's reel", sequence(track([defined] + [repeated] * 2000))),
-                ("a track's name", sequence(clips(2000).replace("<track>", f"<track MZ.TrackName='{long_text}'>"))),
-                ("a master clip's note", sequence(clips(2000, rest="<masterclipid>m</masterclipid>")) + master)):
-            with self.subTest(what):
-                self.is_refused(document(content),
-                                "The document has names or notes of such length, shared by so many clips, that the "
-                                "report would take more than 500 MB for them. Shorten the longest ones, then export "
-                                "the document again.", "--sequence", "U", memory=MEMORY_OF_SHARED_TEXTS)
-
-
-class LargeDocument(LimitRuns):
-    SIZE = 500 * MEGABYTE
-    CLIPS = 60_000
-
-    def test_500_megabytes(self):
-        if os.sysconf("SC_AVPHYS_PAGES") * os.sysconf("SC_PAGE_SIZE") < 12 * self.SIZE:
-            self.skipTest("there is too little free memory on this machine")
-        parameters = "\n".join(f"\t\t<parameter>\n\t\t\t<parameterid>{i}</parameterid>\n"
-                               f"\t\t\t<name>Setting {i}</name>\n\t\t\t<value>{i}</value>\n\t\t</parameter>" for i in range(72))
         effect = ("<filter>\n\t<enabled>TRUE</enabled>\n\t<effect>\n\t\t<name>F</name>\n"
                   f"\t\t<effectid>F</effectid>\n\t\t<effecttype>filter</effecttype>\n{parameters}</effect></filter>")
         with self.document.open("w") as out:
