@@ -3,6 +3,7 @@
 
 #include "cli/known_names.h"
 #include "platform/application.h"
+#include "report/time_cells.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
@@ -208,8 +209,8 @@ void apply_adjustment(const std::string& text, time_adjustments& adjustments)
                         "number of frames, such as Timecode=+1.",
                         text));
     }
-    adjustment_of(time_format_named(CLI::detail::trim_copy(text.substr(0, equals)), "--adjust"),
-                  adjustments) = frames;
+    const std::string name = CLI::detail::trim_copy(text.substr(0, equals));
+    adjustment_of(adjustments, time_format_named(name, "--adjust")) = frames;
 }
 
 void apply_columns(const std::string& list, report_options& options)

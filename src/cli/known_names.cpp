@@ -44,23 +44,6 @@ time_format time_format_named(std::string_view name, std::string_view flag)
                     listed(time_formats, [](const time_format_name& known) { return known.name; })));
 }
 
-std::int64_t& adjustment_of(time_format format, time_adjustments& adjustments)
-{
-    switch (format) {
-    case time_format::timecode:
-        return adjustments.hhmmssff_adj;
-    case time_format::clock:
-        return adjustments.clock_adj;
-    case time_format::frames:
-        return adjustments.frames_adj;
-    case time_format::feet_and_frames:
-        return adjustments.feetframes_adj;
-    case time_format::seconds:
-        break;
-    }
-    return adjustments.seconds_adj;
-}
-
 std::string scope_named(std::string_view name)
 {
     for (const auto& [known, preference] : scopes) {

@@ -13,8 +13,6 @@ namespace tallyframe::cli {
 
 time_format time_format_named(std::string_view name, std::string_view flag);
 
-std::int64_t& adjustment_of(time_format format, time_adjustments& adjustments);
-
 /// The value of import_video_audio_preference for "video+audio", "video" or "audio".
 std::string scope_named(std::string_view name);
 

@@ -18,6 +18,23 @@ cell_value number_or_no_cell(std::optional<double> number)
     return *number;
 }
 
+std::int64_t time_adjustments::*adjustment_member(time_format format)
+{
+    switch (format) {
+    case time_format::timecode:
+        return &time_adjustments::hhmmssff_adj;
+    case time_format::clock:
+        return &time_adjustments::clock_adj;
+    case time_format::frames:
+        return &time_adjustments::frames_adj;
+    case time_format::feet_and_frames:
+        return &time_adjustments::feetframes_adj;
+    case time_format::seconds:
+        break;
+    }
+    return &time_adjustments::seconds_adj;
+}
+
 } // namespace
 
 std::vector<time_format> in_column_order(const std::vector<time_format>& chosen)
@@ -30,21 +47,14 @@ std::vector<time_format> in_column_order(const std::vector<time_format>& chosen)
     return formats;
 }
 
+std::int64_t& adjustment_of(time_adjustments& adjustments, time_format format)
+{
+    return adjustments.*adjustment_member(format);
+}
+
 std::int64_t adjustment_of(const time_adjustments& adjustments, time_format format)
 {
-    switch (format) {
-    case time_format::timecode:
-        return adjustments.hhmmssff_adj;
-    case time_format::clock:
-        return adjustments.clock_adj;
-    case time_format::frames:
-        return adjustments.frames_adj;
-    case time_format::feet_and_frames:
-        return adjustments.feetframes_adj;
-    case time_format::seconds:
-        return adjustments.seconds_adj;
-    }
-    return 0;
+    return adjustments.*adjustment_member(format);
 }
 
 std::string adjusted_header(std::string_view header, std::int64_t adjustment)

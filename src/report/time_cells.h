@@ -18,6 +18,8 @@ inline constexpr std::size_t timecode_width = std::string_view("00:00:00:00").si
 /// The formats that the list contains, each once and in the order of `time_formats`, whatever the list's.
 std::vector<time_format> in_column_order(const std::vector<time_format>& chosen);
 
+/// The member that moves the times of a format: "Timecode" belongs to hhmmssff_adj, and so on.
+std::int64_t& adjustment_of(time_adjustments& adjustments, time_format format);
 std::int64_t adjustment_of(const time_adjustments& adjustments, time_format format);
 
 /// "Sequence In" for an adjustment of 0, "Sequence In +1" for 1, "Sequence In -2" for -2.

@@ -1,31 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "window/time_column_rows.h"
 
+#include "report/time_cells.h"
+
 #include <algorithm>
 #include <utility>
 
 namespace tallyframe::window {
 
 namespace {
-
-/// The member of time_adjustments that belongs to a format; `Adjustments` may be const.
-template <class Adjustments>
-auto& adjustment_for(Adjustments& adjustments, time_format format)
-{
-    switch (format) {
-    case time_format::clock:
-        return adjustments.clock_adj;
-    case time_format::frames:
-        return adjustments.frames_adj;
-    case time_format::feet_and_frames:
-        return adjustments.feetframes_adj;
-    case time_format::seconds:
-        return adjustments.seconds_adj;
-    case time_format::timecode:
-        break;
-    }
-    return adjustments.hhmmssff_adj;
-}
 
 bool lists(const std::vector<time_column_row>& rows, time_format format)
 {
@@ -40,11 +23,11 @@ std::vector<time_column_row> time_column_rows(const std::vector<time_format>& ch
     std::vector<time_column_row> rows;
     for (const time_format format : chosen) {
         if (!lists(rows, format))
-            rows.push_back({format, true, adjustment_for(adjustments, format)});
+            rows.push_back({format, true, adjustment_of(adjustments, format)});
     }
     for (const time_format_name& entry : time_formats) {
         if (!lists(rows, entry.format))
-            rows.push_back({entry.format, false, adjustment_for(adjustments, entry.format)});
+            rows.push_back({entry.format, false, adjustment_of(adjustments, entry.format)});
     }
     return rows;
 }
@@ -63,7 +46,7 @@ time_adjustments adjustments_of(const std::vector<time_column_row>& rows)
 {
     time_adjustments adjustments;
     for (const time_column_row& row : rows)
-        adjustment_for(adjustments, row.format) = row.adjustment;
+        adjustment_of(adjustments, row.format) = row.adjustment;
     return adjustments;
 }
 
