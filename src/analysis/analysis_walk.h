@@ -2,6 +2,7 @@
 #pragma once
 
 #include "analysis/analysis_result.h"
+#include "analysis/clip_notes.h"
 #include "analysis/text_budget.h"
 #include "document/document_index.h"
 #include "document/xml_node.h"
@@ -27,6 +28,8 @@ struct analysis_walk {
 
     /// First source frame of the last clip that had media. Markers of a clip without media count from it.
     std::optional<double> src_start_frame;
+
+    master_clip_notes master_notes = {};
 };
 
 /// A track on the walk.

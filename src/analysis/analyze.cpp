@@ -34,8 +34,8 @@ std::int64_t progress_bar_length(const document_index& index, std::size_t sequen
     return length;
 }
 
-/// Gives each video clip that is itself a sequence the file of the first clip inside, so that it is listed
-/// with that media.
+/// Refers each video clip that is itself a sequence to the file of the first clip inside, so that it is
+/// listed with that media.
 void add_files_to_nested_sequences(xml_node sequence, document_index& index, text_budget& texts)
 {
     for (xml_node nested : sequence.all("media/video/track/clipitem/sequence")) {
@@ -43,8 +43,9 @@ void add_files_to_nested_sequences(xml_node sequence, document_index& index, tex
         if (!id)
             continue;
         if (const xml_node file = index.nested_sequence_file(with_quotes_escaped(*id))) {
-            texts.spend(file.text());
-            index.add_file_of_clip_item(nested.insert_copy_before(file));
+            const xml_node reference = nested.insert_reference_before(file);
+            texts.spend(reference.markup());
+            index.add_file_of_clip_item(reference);
         }
     }
 }

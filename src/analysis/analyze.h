@@ -16,9 +16,8 @@ namespace tallyframe {
 ///
 /// `import_video_audio_preference`: "video + audio", "video" or "audio"; tracks of a kind that it does not
 /// name give no records. Every track is walked whatever its check box; the check boxes are saved, emptied and
-/// filled again track by track. Changes the document in three ways that stay while it is loaded: file
-/// elements copied into nested-sequence clips, notes of master clips copied into clip items, keyframed scale
-/// values joined.
+/// filled again track by track. Changes the document in two ways that stay while it is loaded: references to
+/// files in nested-sequence clips, and keyframed scale values joined.
 ///
 /// Writes the diagnostics of the walk to `out`. Calls `display.begin` once and `display.advance` for each
 /// file element, marker of the sequence and item; closing the display is the caller's.

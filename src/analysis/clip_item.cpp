@@ -169,8 +169,7 @@ clip_item read_clip_item(analysis_walk& walk, const track_context& track, xml_no
     clip.enabled = track.enabled == "FALSE" ? track.enabled
         : children.enabled                  ? upper_cased(children.enabled.text())
                                             : "TRUE";
-    inherit_notes(walk.index, element, children.masterclipid, children.notes, walk.texts);
-    clip.notes = read_notes(children.notes);
+    clip.notes = read_notes(children.notes, children.masterclipid, walk.index, walk.texts, walk.master_notes);
     clip.effects = effects_of(children.filters);
     clip.links = std::move(children.links);
     clip.markers = std::move(children.markers);

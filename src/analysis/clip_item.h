@@ -37,7 +37,7 @@ struct clip_item {
 };
 
 /// Reports the progress and the diagnostics of clip item number `item_number` (from 1) of its track and reads
-/// it. Notes that only its master clip has are copied into it. Throws analysis_error when a position is
+/// it. Groups of notes that it lacks are those of its master clip. Throws analysis_error when a position is
 /// missing.
 clip_item read_clip_item(analysis_walk& walk, const track_context& track, xml_node element,
                          std::size_t item_number);

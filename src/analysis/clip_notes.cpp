@@ -4,6 +4,7 @@
 #include "document/text_values.h"
 
 #include <algorithm>
+#include <span>
 #include <string_view>
 
 namespace tallyframe {
@@ -35,18 +36,18 @@ constexpr std::array comments_notes = {
 // The order of inherited_groups.
 enum group : std::size_t { logginginfo, labels, filmdata, comments };
 
-template <std::size_t Count>
-void read_group(clip_notes& notes, const std::vector<xml_node>& elements,
-                const std::array<note, Count>& table)
+/// The notes of a group; none for the labels, which make one note together.
+std::span<const note> notes_of(std::size_t group)
 {
-    for (const xml_node element : elements) {
-        for (xml_node child = element.first_element(); child; child = child.next_element()) {
-            const auto known = std::find_if(table.begin(), table.end(), [child](const note& each) {
-                return child.has_name(each.element);
-            });
-            if (known != table.end() && !(notes.*(known->text)))
-                notes.*(known->text) = trimmed(child.text());
-        }
+    switch (group) {
+    case logginginfo:
+        return logginginfo_notes;
+    case filmdata:
+        return filmdata_notes;
+    case comments:
+        return comments_notes;
+    default:
+        return {};
     }
 }
 
@@ -68,31 +69,52 @@ std::string label_of(const std::vector<xml_node>& elements)
     return "None";
 }
 
-} // namespace
-
-void inherit_notes(const document_index& index, xml_node clip_item, xml_node masterclipid,
-                   note_groups& groups, text_budget& texts)
+void read_group(clip_notes& notes, std::size_t group, const std::vector<xml_node>& elements)
 {
-    if (!masterclipid)
-        return;
-    const std::string id = with_quotes_escaped(masterclipid.text());
-    for (std::size_t i = 0; i < groups.size(); ++i) {
-        if (!groups[i].empty())
-            continue;
-        if (const xml_node inherited = index.master_clip_group(i, id)) {
-            texts.spend(inherited.text());
-            groups[i].push_back(clip_item.append_copy(inherited));
+    if (group == labels)
+        notes.label = label_of(elements);
+    const std::span<const note> table = notes_of(group);
+    for (const xml_node element : elements) {
+        for (xml_node child = element.first_element(); child; child = child.next_element()) {
+            const auto known = std::ranges::find_if(
+                table, [child](const note& each) { return child.has_name(each.element); });
+            if (known != table.end() && !(notes.*(known->text)))
+                notes.*(known->text) = trimmed(child.text());
         }
     }
 }
 
-clip_notes read_notes(const note_groups& groups)
+void take_group(clip_notes& notes, std::size_t group, const clip_notes& other, text_budget& texts)
 {
+    const auto take = [&](std::optional<std::string> clip_notes::*text) {
+        texts.spend(other.*text);
+        notes.*text = other.*text;
+    };
+    if (group == labels)
+        take(&clip_notes::label);
+    for (const note& each : notes_of(group))
+        take(each.text);
+}
+
+} // namespace
+
+clip_notes read_notes(const note_groups& groups, xml_node masterclipid, const document_index& index,
+                      text_budget& texts, master_clip_notes& known)
+{
+    const std::string id = with_quotes_escaped(masterclipid.text());
     clip_notes notes;
-    read_group(notes, groups[logginginfo], logginginfo_notes);
-    notes.label = label_of(groups[labels]);
-    read_group(notes, groups[filmdata], filmdata_notes);
-    read_group(notes, groups[comments], comments_notes);
+    for (std::size_t i = 0; i < groups.size(); ++i) {
+        const xml_node inherited =
+            groups[i].empty() && masterclipid ? index.master_clip_group(i, id) : xml_node();
+        if (!inherited) {
+            read_group(notes, i, groups[i]);
+            continue;
+        }
+        const auto [entry, is_new] = known.try_emplace(inherited.get());
+        if (is_new)
+            read_group(entry->second, i, {inherited});
+        take_group(notes, i, entry->second, texts);
+    }
     return notes;
 }
 

@@ -7,6 +7,7 @@
 #include "document/xml_node.h"
 
 #include <array>
+#include <unordered_map>
 #include <vector>
 
 namespace tallyframe {
@@ -14,11 +15,12 @@ namespace tallyframe {
 /// The children of a clip item that hold its notes, by inherited_groups.
 using note_groups = std::array<std::vector<xml_node>, inherited_groups.size()>;
 
-/// Appends to the clip item a copy of each group that it lacks and that its master clip has.
-void inherit_notes(const document_index& index, xml_node clip_item, xml_node masterclipid,
-                   note_groups& groups, text_budget& texts);
+/// The notes of each group of a master clip that has been asked for: many clip items may share one.
+using master_clip_notes = std::unordered_map<const _xmlNode*, clip_notes>;
 
-/// The notes in these groups, trimmed; the first of several counts.
-clip_notes read_notes(const note_groups& groups);
+/// The notes in these groups, trimmed; the first of several counts. A group that the clip item lacks is that
+/// of its master clip, spent of the budget.
+clip_notes read_notes(const note_groups& groups, xml_node masterclipid, const document_index& index,
+                      text_budget& texts, master_clip_notes& known);
 
 } // namespace tallyframe

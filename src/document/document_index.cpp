@@ -104,7 +104,7 @@ void document_index::add_file_of_clip_item(xml_node file)
 {
     for_each_nesting(file, [&](first_file_by_id& first_files, std::string id) {
         const auto [known, is_new] = first_files.try_emplace(std::move(id), first_file{file});
-        // Copies come in document order, so that only the first of them can stand before what is known.
+        // They come in document order, so that only the first of them can stand before what is known.
         if (!is_new && !known->second.is_settled && stands_before(file, known->second.file))
             known->second.file = file;
         known->second.is_settled = true;

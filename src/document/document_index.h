@@ -40,8 +40,8 @@ public:
     /// sequence deeper (…/clipitem/sequence/media/video/track/clipitem/file).
     xml_node nested_sequence_file(std::string_view sequence_id) const;
 
-    /// Tells the index of a `file` that has been copied into a clip item, so that later answers of
-    /// nested_sequence_file see it. Copies are told of in document order; `files` stays as it was.
+    /// Tells the index of a `file` that a clip item has got since, so that later answers of
+    /// nested_sequence_file see it. They are told of in document order; `files` stays as it was.
     void add_file_of_clip_item(xml_node file);
 
 private:

@@ -146,15 +146,6 @@ std::size_t depth_of(const xmlNode* node)
     return depth;
 }
 
-/// A deep copy that belongs to the document of `place` but stands nowhere in it yet.
-xmlNode* copy_for(const xmlNode* place, xmlNode* original)
-{
-    xmlNode* copy = xmlDocCopyNode(original, place->doc, 1);
-    if (copy == nullptr)
-        throw std::bad_alloc();
-    return copy;
-}
-
 } // namespace
 
 std::string_view xml_node::name() const
@@ -285,18 +276,15 @@ void xml_node::set_text(std::string_view text)
         xmlNodeAddContentLen(node_, reinterpret_cast<const xmlChar*>(text.data()), library_length(text));
 }
 
-xml_node xml_node::append_copy(xml_node original)
+xml_node xml_node::insert_reference_before(xml_node original)
 {
+    constexpr int with_attributes_only = 2;
     if (node_ == nullptr || !original)
         return {};
-    return xml_node(xmlAddChild(node_, copy_for(node_, original.node_)));
-}
-
-xml_node xml_node::insert_copy_before(xml_node original)
-{
-    if (node_ == nullptr || !original)
-        return {};
-    return xml_node(xmlAddPrevSibling(node_, copy_for(node_, original.node_)));
+    xmlNode* reference = xmlDocCopyNode(original.node_, node_->doc, with_attributes_only);
+    if (reference == nullptr)
+        throw std::bad_alloc();
+    return xml_node(xmlAddPrevSibling(node_, reference));
 }
 
 std::string xml_node::markup() const

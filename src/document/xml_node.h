@@ -78,11 +78,9 @@ public:
     /// to elements that stood inside are no longer valid.
     void set_text(std::string_view text);
 
-    /// Appends a deep copy of `original` as the last child; returns the copy.
-    xml_node append_copy(xml_node original);
-
-    /// Inserts a deep copy of `original` as the sibling directly before this element; returns the copy.
-    xml_node insert_copy_before(xml_node original);
+    /// Inserts an element with the name and the attributes of `original`, and nothing inside, as the sibling
+    /// directly before this one: that is how documents refer to what they define elsewhere. Returns it.
+    xml_node insert_reference_before(xml_node original);
 
     /// The element as markup, as it would stand in the document.
     std::string markup() const;

@@ -286,7 +286,7 @@ TEST_F(nested_sequences, take_the_file_of_the_first_clip_inside)
 
     const xml_node outer = document.parsed.document.root().first("sequence/media/video/track/clipitem");
     EXPECT_EQ(outer.child("file").next_element(), outer.child("sequence")) << "it stands directly before";
-    EXPECT_EQ(outer.child("file").text_of("pathurl"), "file://localhost/inner.mov");
+    EXPECT_EQ(outer.child("file").markup(), "<file id=\"/inner.mov\"/>");
 }
 
 TEST_F(nested_sequences, find_a_file_one_sequence_deeper)

@@ -222,12 +222,28 @@ TEST(video_clip, inherits_each_group_of_notes_that_it_lacks)
     EXPECT_EQ(notes.label, "B Roll");
     EXPECT_EQ(notes.mastercomment1, "old");
     EXPECT_EQ(notes.labroll, "L");
-
-    const xml_node item = document.parsed.document.root().first("sequence/media/video/track/clipitem");
-    EXPECT_EQ(item.text_of("labels/label"), "B Roll") << "the copies stay in the document";
     document.analyze_again();
     EXPECT_EQ(document.result.video_clip_data_array.at(0).notes, notes);
-    EXPECT_EQ(item.all("labels").size(), 1U);
+}
+
+TEST(video_clip, shares_the_notes_of_its_master_clip)
+{
+    const std::string master =
+        "<logginginfo><scene>5</scene></logginginfo><labels><label2>Iris</label2></labels>";
+    const std::string inherits = "<masterclipid>m1</masterclipid>";
+    const analyzed_document document(xmeml()
+                                         .sequence("Reel 1")
+                                         .video_track({clip("A").at(0, 50).with(inherits),
+                                                       clip("B").at(50, 99).with(inherits + "<labels/>")})
+                                         .bin_clip("Bin", bin_clip("m1", 100, "video", {}, master)));
+    const auto& records = document.result.video_clip_data_array;
+    EXPECT_EQ(records.at(0).notes.scene, "5");
+    EXPECT_EQ(records.at(1).notes.scene, "5");
+    EXPECT_EQ(records.at(0).notes.label, "Iris");
+    EXPECT_EQ(records.at(1).notes.label, "None") << "it has a group of its own";
+
+    const xml_node item = document.parsed.document.root().first("sequence/media/video/track/clipitem");
+    EXPECT_FALSE(item.child("logginginfo")) << "a thousand clips would repeat them a thousand times";
 }
 
 TEST(video_clip, inherits_nothing_from_an_unknown_master_clip)

@@ -181,6 +181,8 @@ TEST(nested_sequence_file, counts_a_deeper_sequence_without_id)
     EXPECT_EQ(id(parsed.index.nested_sequence_file("")), "none");
 }
 
+const std::string nested = "<clipitem><sequence/></clipitem>";
+
 struct copied_file {
     parsed_xml parsed;
     std::vector<xml_node> clip_items;
@@ -194,34 +196,36 @@ struct copied_file {
     std::string first_after_adding_to(std::size_t position)
     {
         parsed.index.add_file_of_clip_item(
-            clip_items.at(position).append_copy(parsed.document.root().child("file")));
+            clip_items.at(position)
+                .child("sequence")
+                .insert_reference_before(parsed.document.root().child("file")));
         return id(parsed.index.nested_sequence_file("s"));
     }
 };
 
 TEST(add_file_of_clip_item, makes_a_file_known_where_there_was_none)
 {
-    copied_file copied("<clipitem/><clipitem/>");
+    copied_file copied(nested + nested);
     EXPECT_EQ(id(copied.parsed.index.nested_sequence_file("s")), "none");
     EXPECT_EQ(copied.first_after_adding_to(0), "copy");
 }
 
 TEST(add_file_of_clip_item, takes_the_place_of_a_later_file)
 {
-    copied_file copied("<clipitem/><clipitem><file id='own'/></clipitem>");
+    copied_file copied(nested + "<clipitem><file id='own'/></clipitem>");
     EXPECT_EQ(copied.first_after_adding_to(0), "copy");
 }
 
 TEST(add_file_of_clip_item, does_not_take_the_place_of_an_earlier_file)
 {
-    copied_file copied("<clipitem><file id='own'/></clipitem><clipitem/><clipitem/>");
+    copied_file copied("<clipitem><file id='own'/></clipitem>" + nested + nested);
     EXPECT_EQ(copied.first_after_adding_to(1), "own");
     EXPECT_EQ(copied.first_after_adding_to(2), "own");
 }
 
 TEST(add_file_of_clip_item, leaves_the_list_of_files_alone)
 {
-    copied_file copied("<clipitem/>");
+    copied_file copied(nested);
     copied.first_after_adding_to(0);
     EXPECT_THAT(ids(copied.parsed.index.files), ElementsAre("copy"));
 }

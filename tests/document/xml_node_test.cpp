@@ -149,23 +149,13 @@ TEST_F(an_element, takes_a_new_text_as_it_stands)
     EXPECT_EQ(root.text_of("s"), "a text too long to be stored in the place of the short one");
 }
 
-TEST_F(an_element, takes_a_deep_copy_as_its_last_child)
+TEST_F(an_element, takes_a_reference_to_another_before_itself)
 {
-    xml_node root = root_of("<a><file id='f'><p>x</p></file><item><n/></item></a>");
-    xml_node file = root.child("file");
-    const xml_node copy = root.child("item").append_copy(file);
-    file.child("p").set_text("changed");
-    EXPECT_NE(copy, file);
-    EXPECT_EQ(copy.markup(), "<file id=\"f\"><p>x</p></file>");
-    EXPECT_EQ(root.child("item").markup(), "<item><n/><file id=\"f\"><p>x</p></file></item>");
-}
-
-TEST_F(an_element, takes_a_deep_copy_before_itself)
-{
-    xml_node root = root_of("<a><file id='f'/><item><n/><sequence/></item></a>");
-    const xml_node copy = root.first("item/sequence").insert_copy_before(root.child("file"));
-    EXPECT_EQ(copy.parent(), root.child("item"));
+    const xml_node root = root_of("<a><file id='f'><p>x</p></file><item><n/><sequence/></item></a>");
+    const xml_node reference = root.first("item/sequence").insert_reference_before(root.child("file"));
+    EXPECT_EQ(reference.parent(), root.child("item"));
     EXPECT_EQ(root.child("item").markup(), "<item><n/><file id=\"f\"/><sequence/></item>");
+    EXPECT_EQ(root.child("file").markup(), "<file id=\"f\"><p>x</p></file>");
 }
 
 TEST_F(an_element, is_written_as_in_its_document)
@@ -189,7 +179,7 @@ TEST(no_element, answers_with_none_or_nothing)
     EXPECT_TRUE(none.all("a").empty() && none.all_descendants("a").empty());
     EXPECT_EQ(none.text_of("a"), std::nullopt);
     none.set_text("x");
-    EXPECT_FALSE(none.append_copy(none) || none.insert_copy_before(none));
+    EXPECT_FALSE(none.insert_reference_before(none));
     EXPECT_EQ(none.markup(), "");
     EXPECT_FALSE(next_in_document(none, none));
     EXPECT_FALSE(stands_before(none, none));
