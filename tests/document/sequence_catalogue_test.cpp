@@ -72,6 +72,19 @@ TEST(sequence_catalogue, fails_for_a_sequence_without_a_name)
                 testing::ThrowsMessage<load_error>(R"(The sequence "u7" has no name.)"));
 }
 
+TEST(sequence_catalogue, fails_for_a_long_name_that_many_identifiers_share)
+{
+    std::string identifiers;
+    for (int i = 0; i < 200; ++i)
+        identifiers += "<uuid/>";
+    EXPECT_THAT(
+        [&] {
+            catalogue_of("<sequence><name>" + std::string(1'000'000, 'x') + "</name>" + identifiers
+                         + "</sequence>");
+        },
+        testing::ThrowsMessage<load_error>(testing::HasSubstr("more than 100 MB")));
+}
+
 TEST(catalogue_entry, tells_the_separator)
 {
     EXPECT_TRUE(separator.is_separator());
