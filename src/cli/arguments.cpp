@@ -38,13 +38,13 @@ struct sheet_flag {
 };
 
 constexpr sheet_flag sheet_flags[] = {
-    {"--no-markers", &report_options::markers_sheets, "Leave out \"Sequence Markers\" and \"Clip Markers\""},
-    {"--no-generators", &report_options::generators_sheet, "Leave out \"Graphics & Titles\""},
-    {"--no-transitions", &report_options::transitions_sheet, "Leave out \"Transitions\""},
-    {"--no-filters", &report_options::filters_sheet, "Leave out \"Filters\""},
-    {"--no-motion", &report_options::motion_sheet, "Leave out \"Motion Effects\""},
-    {"--no-files-summary", &report_options::summary_sheet, "Leave out \"Files Summary\""},
-    {"--no-reels", &report_options::reel_sheets, "Leave out \"Reels Summary\" and the sheets per reel"},
+    {"--no-markers", &report_options::markers_sheets, R"(Leave out "Sequence Markers" and "Clip Markers")"},
+    {"--no-generators", &report_options::generators_sheet, R"(Leave out "Graphics & Titles")"},
+    {"--no-transitions", &report_options::transitions_sheet, R"(Leave out "Transitions")"},
+    {"--no-filters", &report_options::filters_sheet, R"(Leave out "Filters")"},
+    {"--no-motion", &report_options::motion_sheet, R"(Leave out "Motion Effects")"},
+    {"--no-files-summary", &report_options::summary_sheet, R"(Leave out "Files Summary")"},
+    {"--no-reels", &report_options::reel_sheets, R"(Leave out "Reels Summary" and the sheets per reel)"},
 };
 
 struct color_flag {
@@ -317,21 +317,22 @@ std::vector<std::string> in_the_parsers_form(std::vector<std::string> arguments)
     if (!arguments.empty() && arguments.front() == "help") {
         arguments.erase(arguments.begin());
         refuse_unknown_command(arguments);
-        arguments.push_back("--help");
+        arguments.emplace_back("--help");
     }
     refuse_unknown_command(arguments);
-    std::vector<std::string> reversed;
-    for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument) {
-        if (argument->starts_with("--") && argument->ends_with('=')) {
-            reversed.emplace_back();
-            reversed.push_back(argument->substr(0, argument->size() - 1));
-        } else if (*argument == "--thumbnails") {
-            reversed.push_back("--thumbnails=320"); // what follows it is no width
+    std::vector<std::string> form;
+    for (const std::string& argument : arguments) {
+        if (argument.starts_with("--") && argument.ends_with('=')) {
+            form.push_back(argument.substr(0, argument.size() - 1));
+            form.emplace_back();
+        } else if (argument == "--thumbnails") {
+            form.emplace_back("--thumbnails=320"); // what follows it is no width
         } else {
-            reversed.push_back(*argument);
+            form.push_back(argument);
         }
     }
-    return reversed;
+    std::ranges::reverse(form);
+    return form;
 }
 
 std::string help_text(const CLI::App& app)

@@ -26,6 +26,7 @@ template <class Names, class NameOf>
 std::string listed(const Names& names, NameOf name_of)
 {
     std::vector<std::string_view> texts;
+    texts.reserve(std::size(names));
     for (const auto& entry : names)
         texts.push_back(name_of(entry));
     return fmt::format("{}", fmt::join(texts, ", "));
