@@ -225,15 +225,14 @@ void apply_columns(const std::string& list, report_options& options)
 
 void apply_thumbnails(const std::string& width, report_options& options)
 {
-    constexpr int least = 16;
-    constexpr int most = 1920;
-    int pixels = 0;
+    std::int64_t pixels = 0;
     const auto [end, error] = std::from_chars(width.data(), width.data() + width.size(), pixels);
-    if (error != std::errc() || end != width.data() + width.size() || pixels < least || pixels > most) {
+    if (error != std::errc() || end != width.data() + width.size() || pixels < narrowest_thumbnail
+        || pixels > widest_thumbnail) {
         throw usage_error(
             fmt::format("--thumbnails: \"{}\" is no width. Write a whole number of pixels from {} to "
                         "{}, such as --thumbnails=320.",
-                        width, least, most));
+                        width, narrowest_thumbnail, widest_thumbnail));
     }
     options.inpoint_thumbnail_jpegs = true;
     options.thumbnail_width = pixels;

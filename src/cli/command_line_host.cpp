@@ -5,6 +5,7 @@
 #include "platform/failures.h"
 
 #include <fmt/format.h>
+#include <fmt/ostream.h>
 
 #include <csignal>
 
@@ -99,6 +100,11 @@ void line_progress::show(const std::string& line)
     err_ << '\r' << line << std::string(rest_of_old_line, ' ') << std::flush;
     line_ = line;
     line_is_open_ = true;
+}
+
+void printing_workspace::open_folder(const std::filesystem::path& folder)
+{
+    fmt::print(err_, "The thumbnails are in {}\n", folder.string());
 }
 
 } // namespace tallyframe::cli

@@ -5,6 +5,7 @@
 #include "platform/diagnostics.h"
 #include "platform/progress.h"
 #include "platform/sequence_menu.h"
+#include "platform/workspace.h"
 
 #include <cstdint>
 #include <ostream>
@@ -66,6 +67,16 @@ public:
     void set_enabled(bool) override { }
     void reload_track_tables() override { }
     void analyze_sequence() override { }
+};
+
+/// A command line opens no folders: it says where they are.
+class printing_workspace final : public workspace {
+public:
+    explicit printing_workspace(std::ostream& err) : err_(err) { }
+    void open_folder(const std::filesystem::path& folder) override;
+
+private:
+    std::ostream& err_;
 };
 
 /// Makes Ctrl-C, a polite request to end and the end of the terminal stop the run at its next step; a second

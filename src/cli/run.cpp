@@ -3,11 +3,11 @@
 
 #include "cli/command_line_host.h"
 #include "cli/menu_listing.h"
-#include "cli/report_media.h"
 #include "cli/report_paths.h"
 #include "cli/track_choice.h"
 #include "platform/failures.h"
 #include "platform/gui_mode.h"
+#include "platform/media_tools/report_media.h"
 #include "sequence_to_spreadsheet/failure_alert.h"
 #include "sequence_to_spreadsheet/sequence_to_spreadsheet.h"
 #include "workbook/workbook.h"
@@ -129,7 +129,9 @@ int report(const report_request& request, std::ostream& out, std::ostream& err)
         return failed;
     }
 
-    report_media media(request, state.diagnostic_output);
+    report_media media({request.options.inpoint_thumbnail_jpegs, request.options.keep_thumbnails,
+                        request.media_map, request.media_search},
+                       state.diagnostic_output);
     const std::vector<catalogue_entry> entries = chosen_entries(request.item, menu);
     if (request.item.by == item_choice::kind::all) {
         report_paths paths(request.document, request.output);

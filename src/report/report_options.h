@@ -46,6 +46,10 @@ struct column_layout {
     std::vector<checkbox> checkboxes;
 };
 
+/// How wide in-point thumbnails may be, in pixels.
+inline constexpr std::int64_t narrowest_thumbnail = 16;
+inline constexpr std::int64_t widest_thumbnail = 1920;
+
 /// What a report is made with. The defaults are those of a run without a window.
 struct report_options {
     std::string video_row_color = "blue"; ///< videoRowColorPopup: a colour that the workbook knows

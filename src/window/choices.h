@@ -2,9 +2,11 @@
 #pragma once
 
 #include "report/report_options.h"
+#include "window/media_places.h"
 
 #include <QString>
 #include <QStringList>
+#include <vector>
 
 namespace tallyframe::window {
 
@@ -14,6 +16,7 @@ enum class appearance { system, light, dark };
 struct choices {
     int scope_tag = 0; ///< of importVideoAudioRadioButtons
     report_options options; ///< with the saved layouts
+    std::vector<media_place> media_places; ///< where media is looked for
     appearance look = appearance::system;
     QStringList recent_documents; ///< the latest first
     QString save_folder; ///< of the last workbook; empty before the first
@@ -21,8 +24,8 @@ struct choices {
 
 inline constexpr qsizetype recent_document_limit = 10;
 
-/// The widths of in-point pictures that the window offers, in pixels.
-inline constexpr int thumbnail_widths[] = {120, 160, 240, 320, 480, 640};
+/// The widths of in-point pictures that the window offers, in pixels; any other can be typed.
+inline constexpr int thumbnail_widths[] = {160, 320, 640};
 
 /// Puts a document at the head of the recent ones.
 void remember_document(choices& kept, const QString& path);

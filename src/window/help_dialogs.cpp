@@ -89,14 +89,21 @@ const guide_chapter guide[] = {
                             "The same for Source In, Source Out and Source Duration, at the media's own "
                             "rate.")},
      }},
-    {QT_TRANSLATE_NOOP("guide", "Look"),
+    {QT_TRANSLATE_NOOP("guide", "Look & Media"),
      {
          {QT_TRANSLATE_NOOP("guide", "Row colors"),
           QT_TRANSLATE_NOOP("guide", "Text colors of video, audio and marker rows.")},
          {QT_TRANSLATE_NOOP("guide", "Pictures"),
           QT_TRANSLATE_NOOP("guide",
-                            "A picture of each clip's first frame. The media files have to be where the "
-                            "timeline says they are; otherwise a placeholder stands there.")},
+                            "A picture of each clip's first frame, as wide as you say. Where the media is "
+                            "missing or cannot be read, a placeholder stands. Keep the picture files to get "
+                            "them as JPEGs in a folder beside the workbook, too.")},
+         {QT_TRANSLATE_NOOP("guide", "Media that has moved"),
+          QT_TRANSLATE_NOOP("guide",
+                            "Folders to look in, for pictures and for the tags of songs. A folder you add is "
+                            "searched, with all below it, by the files' names. Edit its first column to say "
+                            "which folder of the timeline it stands for: then files are at the same places "
+                            "below it. The paths in the workbook stay as the timeline has them.")},
      }},
 };
 

@@ -94,7 +94,7 @@ void main_window::save_report_as(const QString& path)
     workbook_ = path;
     banner_->hide();
     take_ticks();
-    runner_.save(file_path(path), choices_.options);
+    runner_.save(file_path(path), choices_.options, media_choice_of(choices_.options, choices_.media_places));
     show_run(tr("Saving %1").arg(QFileInfo(path).fileName()));
 }
 

@@ -16,7 +16,7 @@ options_panel::options_panel(QWidget* parent)
     setAccessibleName(tr("Options of the report"));
     add_page(content_, tr("Content"));
     add_page(columns_, tr("Columns"));
-    add_page(looks_, tr("Look"));
+    add_page(looks_, tr("Look && Media"));
     connect(content_, &content_panel::changed, this, &options_panel::changed);
     connect(content_, &content_panel::scope_changed, this, &options_panel::scope_changed);
     connect(columns_, &columns_panel::changed, this, &options_panel::changed);
@@ -27,14 +27,14 @@ void options_panel::set_choices(const choices& kept)
 {
     content_->set_choices(kept);
     columns_->set_options(kept.options);
-    looks_->set_options(kept.options);
+    looks_->set_choices(kept);
 }
 
 void options_panel::apply_to(choices& kept) const
 {
     content_->apply_to(kept);
     columns_->apply_to(kept.options);
-    looks_->apply_to(kept.options);
+    looks_->apply_to(kept);
 }
 
 const scope& options_panel::chosen_scope() const

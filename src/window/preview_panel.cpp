@@ -23,7 +23,7 @@ constexpr std::size_t rows_to_measure = 500;
 /// Characters beyond which a column is cut on the screen, so that one path does not hide what is beside it.
 constexpr double widest_column = 60;
 
-void set_up(QTableView& view)
+void set_up_preview(QTableView& view)
 {
     view.setObjectName("previewTableView");
     view.setAccessibleName(preview_panel::tr("Preview of the clips sheet"));
@@ -44,7 +44,7 @@ void set_up(QTableView& view)
 preview_panel::preview_panel(QWidget* parent)
     : QWidget(parent), view_(new QTableView), summary_(new QLabel), counts_(new QLabel)
 {
-    set_up(*view_);
+    set_up_preview(*view_);
     view_->setModel(&model_);
     summary_->setObjectName("summaryLabel");
     summary_->setTextFormat(Qt::PlainText);

@@ -2,6 +2,7 @@
 #include "window/session_runner.h"
 
 #include "platform/failures.h"
+#include "window/desktop_workspace.h"
 
 #include <utility>
 
@@ -84,12 +85,18 @@ void session_runner::analyze(std::size_t menu_position, const std::string& impor
         import_video_audio_preference, &session_runner::analyzed);
 }
 
-void session_runner::save(const std::filesystem::path& workbook, const report_options& options)
+void session_runner::save(const std::filesystem::path& workbook, const report_options& options,
+                          const media_choice& media)
 {
     start(
-        [this, workbook, options](run_outcome&) {
+        [this, workbook, options, media](run_outcome&) {
+            report_media looked_at(media, out_);
+            std::optional<thumbnail_folder> folder = looked_at.folder_for(workbook);
+            const media_services services = looked_at.services(folder);
+            desktop_workspace desktop;
             save_excel(session_.analysis, session_.video_tracks_table_checkboxes,
-                       session_.audio_tracks_table_checkboxes, options, workbook, {out_, *display_});
+                       session_.audio_tracks_table_checkboxes, options, workbook,
+                       {out_, *display_, &desktop, &services});
         },
         session_.import_video_audio_preference, &session_runner::saved);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/diagnostics.h"
+#include "platform/media_tools/report_media.h"
 #include "report/report_options.h"
 #include "sequence_to_spreadsheet/sequence_to_spreadsheet.h"
 #include "window/run_progress.h"
@@ -53,7 +54,8 @@ public:
 
     void open(const std::filesystem::path& document, const std::string& import_video_audio_preference);
     void analyze(std::size_t menu_position, const std::string& import_video_audio_preference);
-    void save(const std::filesystem::path& workbook, const report_options& options);
+    void save(const std::filesystem::path& workbook, const report_options& options,
+              const media_choice& media);
 
     /// The check boxes as the user has ticked them.
     void set_ticks(std::vector<int> video, std::vector<int> audio);

@@ -16,7 +16,6 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
-#include <limits>
 
 namespace tallyframe::window {
 
@@ -27,7 +26,7 @@ struct named_adjustment {
     std::int64_t time_adjustments::*member;
 };
 
-constexpr named_adjustment adjustments[] = {
+constexpr named_adjustment named_adjustments[] = {
     {"hhmmssff_adj", &time_adjustments::hhmmssff_adj}, {"clock_adj", &time_adjustments::clock_adj},
     {"frames_adj", &time_adjustments::frames_adj},     {"feetframes_adj", &time_adjustments::feetframes_adj},
     {"seconds_adj", &time_adjustments::seconds_adj},
@@ -147,14 +146,11 @@ void read_options(const QSettings& settings, report_options& options)
     read_layouts(settings, options);
     read_formats(settings, "timeline_time_columns", options.timeline_time_columns);
     read_formats(settings, "source_time_columns", options.source_time_columns);
-    for (const named_adjustment& adjustment : adjustments) {
+    for (const named_adjustment& adjustment : named_adjustments) {
         read_number<std::int64_t>(settings, adjustment.key, -adjustment_limit, adjustment_limit,
                                   options.adjustments.*adjustment.member);
     }
-    std::int64_t width = 0;
-    read_number<std::int64_t>(settings, "thumbnail_width", 1, std::numeric_limits<int>::max(), width);
-    if (std::ranges::find(thumbnail_widths, width) != std::end(thumbnail_widths))
-        options.thumbnail_width = width;
+    read_number(settings, "thumbnail_width", narrowest_thumbnail, widest_thumbnail, options.thumbnail_width);
 }
 
 void save_options(QSettings& settings, const report_options& options)
@@ -169,9 +165,29 @@ void save_options(QSettings& settings, const report_options& options)
     settings.setValue("layoutsAppPopupMenu", qt_text(options.layout.value_or("")));
     settings.setValue("timeline_time_columns", formats_value(options.timeline_time_columns));
     settings.setValue("source_time_columns", formats_value(options.source_time_columns));
-    for (const named_adjustment& adjustment : adjustments)
+    for (const named_adjustment& adjustment : named_adjustments)
         settings.setValue(adjustment.key, qlonglong{options.adjustments.*adjustment.member});
     settings.setValue("thumbnail_width", qlonglong{options.thumbnail_width});
+}
+
+/// [["/Volumes/Rushes", "/mnt/rushes"], ["", "/mnt/music"], …]
+QString media_places_as_json(const std::vector<media_place>& places)
+{
+    QJsonArray list;
+    for (const media_place& place : places)
+        list.append(QJsonArray{qt_text(place.named_in_timeline), qt_text(place.folder)});
+    return QString::fromUtf8(QJsonDocument(list).toJson(QJsonDocument::Compact));
+}
+
+std::vector<media_place> media_places_from_json(const QString& text)
+{
+    std::vector<media_place> places;
+    for (const QJsonValue& entry : QJsonDocument::fromJson(text.toUtf8()).array()) {
+        media_place place{entry[0].toString().toStdString(), entry[1].toString().toStdString()};
+        if (!place.folder.empty())
+            places.push_back(std::move(place));
+    }
+    return places;
 }
 
 } // namespace
@@ -187,6 +203,7 @@ choices load_choices(const QSettings& settings)
 {
     choices kept;
     read_options(settings, kept.options);
+    kept.media_places = media_places_from_json(settings.value("media_places").toString());
     read_number(settings, "importVideoAudioRadioButtons", 0, 2, kept.scope_tag);
     const auto* look = std::ranges::find(appearance_names, settings.value("appearance").toString());
     if (look != std::end(appearance_names))
@@ -200,6 +217,7 @@ choices load_choices(const QSettings& settings)
 void save_choices(QSettings& settings, const choices& kept)
 {
     save_options(settings, kept.options);
+    settings.setValue("media_places", media_places_as_json(kept.media_places));
     settings.setValue("importVideoAudioRadioButtons", kept.scope_tag);
     settings.setValue("appearance", appearance_names[static_cast<int>(kept.look)]);
     settings.setValue("recent_documents", kept.recent_documents);

@@ -14,7 +14,7 @@ namespace tallyframe::window {
 
 namespace {
 
-void set_up(QTableView& table)
+void set_up_tracks(QTableView& table)
 {
     table.setSelectionBehavior(QAbstractItemView::SelectRows);
     table.setSelectionMode(QAbstractItemView::SingleSelection);
@@ -39,7 +39,7 @@ tracks_panel::tracks_panel(const QString& title, const QString& table_name, QWid
     table_->setObjectName(table_name);
     table_->setAccessibleName(title);
     table_->setModel(&model_);
-    set_up(*table_);
+    set_up_tracks(*table_);
     table_->viewport()->installEventFilter(this);
 
     auto* column = new QVBoxLayout(this);

@@ -44,6 +44,7 @@ void expect_defaults(const choices& kept)
     EXPECT_EQ(kept.options.timeline_time_columns, defaults.timeline_time_columns);
     EXPECT_EQ(kept.options.adjustments.clock_adj, 0);
     EXPECT_EQ(kept.options.thumbnail_width, defaults.thumbnail_width);
+    EXPECT_THAT(kept.media_places, IsEmpty());
     EXPECT_EQ(kept.look, appearance::system);
     EXPECT_THAT(kept.recent_documents, IsEmpty());
 }
@@ -71,7 +72,8 @@ TEST(settings, bring_every_choice_back)
     options.report_enabled_only = true;
     options.inpoint_thumbnail_jpegs = true;
     options.keep_thumbnails = true;
-    options.thumbnail_width = 640;
+    options.thumbnail_width = 777;
+    kept.media_places = {{"/Volumes/Zoë, \"A\"", "/mnt/zoë"}, {"", "/mnt/music"}};
     options.layouts_array = {{"Conform; \"β\"", {{"Track", 1}, {"Comments", 1}, {"Scene", 0}}},
                              {"Music", {}}};
     options.layout = "Music";
@@ -96,7 +98,8 @@ TEST(settings, bring_every_choice_back)
     EXPECT_TRUE(back.options.report_enabled_only);
     EXPECT_TRUE(back.options.inpoint_thumbnail_jpegs);
     EXPECT_TRUE(back.options.keep_thumbnails);
-    EXPECT_EQ(back.options.thumbnail_width, 640);
+    EXPECT_EQ(back.options.thumbnail_width, 777);
+    EXPECT_EQ(back.media_places, kept.media_places);
     ASSERT_EQ(back.options.layouts_array.size(), 2U);
     EXPECT_EQ(back.options.layouts_array[0].name, "Conform; \"β\"");
     EXPECT_TRUE(is_on(back.options.layouts_array[0], "Comments"));
@@ -120,7 +123,8 @@ layouts_array=[{"name": "Broken", "checkboxes":
 layoutsAppPopupMenu=Broken
 timeline_time_columns=Parsecs, Fortnights
 clock_adj=99999999999999999999
-thumbnail_width=-1
+thumbnail_width=1921
+media_places="[[\"/Volumes\"], 3, [\"\", 7], {\"a\": 1}, [\"\", \"\"]]"
 appearance=plaid
 )");
     expect_defaults(file.load());

@@ -1,22 +1,30 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "cli/arguments.h"
 #include "platform/diagnostics.h"
 #include "platform/media_services.h"
-#include "platform/workspace.h"
+#include "platform/media_tools/mapped_media.h"
 
 #include <filesystem>
 #include <memory>
 #include <optional>
-#include <ostream>
+#include <vector>
 
-namespace tallyframe::cli {
+namespace tallyframe {
 
-/// What a run of the command line looks at media files with, as its flags say.
+/// Where a report finds its media, and whether it makes pictures of it.
+struct media_choice {
+    bool wants_pictures = false;
+    bool keeps_pictures = false; ///< as files beside the workbook
+    std::vector<media_mapping> map;
+    std::vector<std::filesystem::path> search;
+};
+
+/// What a host looks at media files with, for one report or several of one document.
 class report_media {
 public:
-    report_media(const report_request& request, diagnostics& out);
+    /// `out` must outlive it. Throws failure when pictures are wanted and cannot be made here.
+    report_media(const media_choice& choice, diagnostics& out);
 
     /// The folder for the pictures of the report at `workbook`; nothing when none are wanted. Its owner's end
     /// is its own, unless the pictures are kept.
@@ -33,14 +41,4 @@ private:
     std::unique_ptr<thumbnailer> pictures_;
 };
 
-/// A command line opens no folders: it says where they are.
-class printing_workspace final : public workspace {
-public:
-    explicit printing_workspace(std::ostream& err) : err_(err) { }
-    void open_folder(const std::filesystem::path& folder) override;
-
-private:
-    std::ostream& err_;
-};
-
-} // namespace tallyframe::cli
+} // namespace tallyframe

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "support/temporary_folder.h"
+#include "window/main_window.h"
+#include "window/qt_text.h"
+
+#include <gmock/gmock.h>
+
+#include <QComboBox>
+#include <QMessageBox>
+#include <QSettings>
+#include <QTableView>
+#include <QTest>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+namespace tallyframe::window {
+
+inline constexpr int patience = 30000; // milliseconds; the sanitizers are slow
+
+inline std::string bytes_of(const std::filesystem::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream bytes;
+    bytes << file.rdbuf();
+    return bytes.str();
+}
+
+/// A window of its own for each test, with settings in a folder that goes with it. Drives it by its controls'
+/// names.
+class main_window_test : public ::testing::Test {
+protected:
+    main_window_test() { start(); }
+
+    void start()
+    {
+        window.reset();
+        settings = std::make_unique<QSettings>(qt_path(folder.path() / "settings.ini"), QSettings::IniFormat);
+        window = std::make_unique<main_window>(*settings, out);
+        window->show();
+    }
+
+    template <class Object>
+    Object& find(const char* name)
+    {
+        auto* object = window->findChild<Object*>(name);
+        if (object == nullptr)
+            throw std::runtime_error(std::string("there is no ") + name);
+        return *object;
+    }
+
+    void wait_for_run()
+    {
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !window->runner().is_running(); }, patience));
+        QTest::qWait(1); // what the changes have put off
+    }
+
+    void open(const std::filesystem::path& path)
+    {
+        window->open_document(qt_path(path));
+        wait_for_run();
+    }
+
+    std::filesystem::path write(const std::string& name, const std::string& text)
+    {
+        const std::filesystem::path path = folder.path() / name;
+        std::ofstream(path, std::ios::binary) << text;
+        return path;
+    }
+
+    void open_text(const std::string& text) { open(write("document.xml", text)); }
+
+    void choose(int position)
+    {
+        auto& menu = find<QComboBox>("sequencesPopupMenu");
+        menu.setCurrentIndex(position);
+        emit menu.activated(position);
+        wait_for_run();
+    }
+
+    void save(const std::filesystem::path& path)
+    {
+        window->save_report_as(qt_path(path));
+        wait_for_run();
+    }
+
+    int rows_of(const char* table) { return find<QTableView>(table).model()->rowCount(); }
+
+    void tick(const char* table, int row, bool on)
+    {
+        QAbstractItemModel* model = find<QTableView>(table).model();
+        model->setData(model->index(row, 0), on ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole);
+        QTest::qWait(1);
+    }
+
+    /// The texts of the alert that is open, closed by this.
+    std::pair<std::string, std::string> alert()
+    {
+        auto* sheet = window->findChild<QMessageBox*>("alertSheet");
+        if (sheet == nullptr)
+            return {};
+        std::pair texts(sheet->text().toStdString(), sheet->informativeText().toStdString());
+        EXPECT_TRUE(sheet->isVisible());
+        EXPECT_EQ(sheet->icon(), QMessageBox::Information);
+        delete sheet;
+        return texts;
+    }
+
+    testing_support::temporary_folder folder;
+    no_diagnostics out;
+    std::unique_ptr<QSettings> settings;
+    std::unique_ptr<main_window> window;
+};
+
+} // namespace tallyframe::window
