@@ -1,16 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "window/badge.h"
 
-#include <QtGlobal>
-
 #ifdef TALLYFRAME_HAS_DBUS
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QGuiApplication>
-#include <QVariantMap>
 #endif
 
 namespace tallyframe::window {
+
+QVariantMap launcher_entry_properties(const QString& percentage)
+{
+    constexpr double hundred = 100;
+    const double share = percentage.chopped(percentage.isEmpty() ? 0 : 1).toDouble() / hundred;
+    return {{"progress", share}, {"progress-visible", !percentage.isEmpty()}};
+}
 
 #ifdef TALLYFRAME_HAS_DBUS
 
@@ -20,12 +24,10 @@ void show_badge(const QString& percentage)
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return;
-    constexpr double hundred = 100;
-    const double share = percentage.chopped(percentage.isEmpty() ? 0 : 1).toDouble() / hundred;
     QDBusMessage update = QDBusMessage::createSignal("/com/canonical/unity/launcherentry/tallyframe",
                                                      "com.canonical.Unity.LauncherEntry", "Update");
     update << "application://" + QGuiApplication::desktopFileName() + ".desktop"
-           << QVariantMap{{"progress", share}, {"progress-visible", !percentage.isEmpty()}};
+           << launcher_entry_properties(percentage);
     bus.send(update);
 }
 

@@ -5,6 +5,7 @@
 #include "platform/application.h"
 #include "platform/gui_mode.h"
 #include "platform/sibling_program.h"
+#include "window/end_signals.h"
 #include "window/main_window.h"
 #include "window/qt_text.h"
 #include "window/stdout_diagnostics.h"
@@ -87,6 +88,7 @@ int run_window(int argument_count, char** arguments)
                        "tallyframe");
     main_window window(settings, out);
     app.installEventFilter(new document_opener(window, &app));
+    close_on_signals(app);
     window.show();
     const QStringList given = QApplication::arguments();
     if (given.size() > 1)

@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QItemSelectionModel>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QSpinBox>
 #include <QStyledItemDelegate>
@@ -35,6 +36,17 @@ public:
         field->setAutoFillBackground(true);
         field->setAccessibleName(time_columns_editor::tr("Frames to add"));
         return field;
+    }
+
+    /// The Tab key leads out of the fields as it does everywhere: a view would go round in its cells.
+    bool eventFilter(QObject* field, QEvent* event) override
+    {
+        if (event->type() == QEvent::KeyPress) {
+            const int key = static_cast<QKeyEvent*>(event)->key();
+            if (key == Qt::Key_Tab || key == Qt::Key_Backtab)
+                return false;
+        }
+        return QStyledItemDelegate::eventFilter(field, event);
     }
 
 private:

@@ -87,18 +87,19 @@ class Reports(ReportRuns):
     def test_an_interrupted_run_leaves_no_trace(self):
         make_film(self.film)
         clips = [(f"Clip {i}", self.film, i % 240) for i in range(3000)]
-        for options in ([], ["--keep-thumbnails"]):
-            run = subprocess.Popen(self.command(timeline(clips), "--thumbnails=1920", *options),
-                                   env=self.environment(), stdout=subprocess.DEVNULL, stderr=subprocess.PIPE)
-            where = self.desk if options else self.temporary
-            deadline = time.monotonic() + 60
-            while not list(where.rglob("*.jpg")) and time.monotonic() < deadline:
-                time.sleep(0.01)
-            run.send_signal(signal.SIGINT)
-            _, error = run.communicate(timeout=60)
-            self.assertEqual(run.returncode, 130, error)
-            self.assertEqual(list(self.temporary.iterdir()), [])
-            self.assertEqual(list(self.desk.iterdir()), [])
+        for number in (signal.SIGINT, signal.SIGTERM):
+            for options in ([], ["--keep-thumbnails"]):
+                run = subprocess.Popen(self.command(timeline(clips), "--thumbnails=1920", *options),
+                                       env=self.environment(), stdout=subprocess.DEVNULL, stderr=subprocess.PIPE)
+                where = self.desk if options else self.temporary
+                deadline = time.monotonic() + 60
+                while not list(where.rglob("*.jpg")) and time.monotonic() < deadline:
+                    time.sleep(0.01)
+                run.send_signal(number)
+                _, error = run.communicate(timeout=60)
+                self.assertEqual(run.returncode, 130, error)
+                self.assertEqual(list(self.temporary.iterdir()), [])
+                self.assertEqual(list(self.desk.iterdir()), [])
 
     def test_media_is_found_where_it_is_now(self):
         make_film(self.film)

@@ -3,12 +3,12 @@
 #include "platform/gui_mode.h"
 #include "support/made_media.h"
 #include "support/xmeml_builder.h"
+#include "window/asked_desktop.h"
 #include "window/main_window_fixture.h"
 #include "window/media_places_model.h"
 
 #include <QAbstractButton>
 #include <QCheckBox>
-#include <QDesktopServices>
 #include <QFileDialog>
 #include <QLineEdit>
 
@@ -23,23 +23,6 @@ using testing_support::xmeml;
 namespace fs = std::filesystem;
 
 constexpr const char* title = "Lantern waltz"; ///< in the tags of the song
-
-/// Takes the files and folders that the desktop is asked to open.
-class asked_desktop final : public QObject {
-    Q_OBJECT
-
-public:
-    asked_desktop() { QDesktopServices::setUrlHandler("file", this, "open"); }
-    ~asked_desktop() override { QDesktopServices::unsetUrlHandler("file"); }
-
-    QStringList opened;
-
-public slots:
-    void open(const QUrl& url)
-    {
-        opened << url.toLocalFile();
-    } // NOLINT(readability-convert-member-functions-to-static)
-};
 
 class main_window_media : public main_window_test {
 protected:
@@ -222,5 +205,3 @@ TEST_F(main_window_media, brings_the_choices_of_pictures_and_places_back_at_the_
 }
 
 } // namespace tallyframe::window
-
-#include "main_window_media_test.moc"

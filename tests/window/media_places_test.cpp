@@ -12,12 +12,6 @@ using testing::ElementsAre;
 
 namespace tallyframe::window {
 
-namespace {
-
-using model = media_places_model;
-
-} // namespace
-
 TEST(media_places, are_mapped_where_they_stand_for_a_folder_of_the_timeline_and_searched_otherwise)
 {
     report_options options;
@@ -39,11 +33,13 @@ TEST(media_places_model, adds_changes_and_removes_places)
     const QSignalSpy changes(&places, &media_places_model::changed);
     EXPECT_EQ(places.add("/mnt/music"), 0);
     EXPECT_EQ(places.add("/mnt/rushes"), 1);
-    EXPECT_EQ(places.index(1, model::timeline_column).data().toString(), "any");
-    EXPECT_EQ(places.index(1, model::timeline_column).data(Qt::EditRole).toString(), "");
-    EXPECT_TRUE(places.setData(places.index(1, model::timeline_column), " /Volumes/Zoë ", Qt::EditRole));
-    EXPECT_TRUE(places.setData(places.index(1, model::folder_column), "/mnt/zoë", Qt::EditRole));
-    EXPECT_FALSE(places.setData(places.index(1, model::folder_column), "  ", Qt::EditRole)) << "no folder";
+    EXPECT_EQ(places.index(1, media_places_model::timeline_column).data().toString(), "any");
+    EXPECT_EQ(places.index(1, media_places_model::timeline_column).data(Qt::EditRole).toString(), "");
+    EXPECT_TRUE(
+        places.setData(places.index(1, media_places_model::timeline_column), " /Volumes/Zoë ", Qt::EditRole));
+    EXPECT_TRUE(places.setData(places.index(1, media_places_model::folder_column), "/mnt/zoë", Qt::EditRole));
+    EXPECT_FALSE(places.setData(places.index(1, media_places_model::folder_column), "  ", Qt::EditRole))
+        << "no folder";
     EXPECT_EQ(changes.count(), 4);
     places.remove(0);
     EXPECT_THAT(places.places(), ElementsAre(media_place{"/Volumes/Zoë", "/mnt/zoë"}));
