@@ -35,7 +35,7 @@ void close_on_signals(QApplication& app)
     QObject::connect(notifier, &QSocketNotifier::activated, &app, [notifier] {
         notifier->setEnabled(false);
         QApplication::closeAllWindows();
-        QApplication::quit();
+        QApplication::exit(); // while a run shows its progress, a sheet refuses to be closed and to be quit
     });
     for (const int signal_number : {SIGINT, SIGTERM, SIGHUP}) {
         if (std::signal(signal_number, note_end) == SIG_IGN)

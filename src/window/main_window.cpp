@@ -80,6 +80,7 @@ void main_window::open_document(const QString& path)
     clear_analysis();
     runner_.open(file_path(path), options_->chosen_scope().import_video_audio_preference);
     show_run(tr("Opening %1").arg(QFileInfo(path).fileName()));
+    show_message();
 }
 
 void main_window::save_report_as(const QString& path)
@@ -251,6 +252,7 @@ void main_window::analyze()
     runner_.analyze(static_cast<std::size_t>(bar_->position()),
                     options_->chosen_scope().import_video_audio_preference);
     show_run(tr("Analyzing %1").arg(bar_->title()));
+    show_message();
 }
 
 void main_window::analyze_if_new(int position)
@@ -287,8 +289,6 @@ void main_window::take_ticks()
 void main_window::show_run(const QString& title)
 {
     progress_->follow(*runner_.display(), title);
-    if (!is_analyzed())
-        show_message();
     update_enabled();
 }
 

@@ -51,6 +51,17 @@ class Program(unittest.TestCase):
                 self.assertEqual(run.returncode, 0, error)
                 self.assertIn("geometry", self.settings.read_text(), "closed, not killed")
 
+    def test_it_ends_in_the_middle_of_a_run(self):
+        self.write_document(50_000)
+        said = self.folder / "said.txt"
+        with open(said, "wb") as out:
+            run = subprocess.Popen([PROGRAM, self.document], env=self.environment, stdout=out,
+                                   stderr=subprocess.DEVNULL)
+        self.assertTrue(wait_for(lambda: b"Analyzing Clips" in said.read_bytes()[:1000]))
+        time.sleep(0.3)  # the progress sheet opens
+        run.send_signal(signal.SIGTERM)
+        self.assertEqual(run.wait(timeout=PATIENCE), 0)
+
     def test_it_tells_task_bars_how_far_a_run_is(self):
         self.write_document(20_000)
         script = """
