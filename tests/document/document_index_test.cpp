@@ -20,6 +20,7 @@ constexpr std::size_t comments = 3;
 std::vector<std::string> ids(const std::vector<xml_node>& nodes)
 {
     std::vector<std::string> found;
+    found.reserve(nodes.size());
     for (const xml_node node : nodes)
         found.push_back(node.attribute("id").value_or("none"));
     return found;

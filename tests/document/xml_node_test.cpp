@@ -23,6 +23,7 @@ protected:
     static std::vector<std::string> texts(const std::vector<xml_node>& nodes)
     {
         std::vector<std::string> found;
+        found.reserve(nodes.size());
         for (const xml_node node : nodes)
             found.push_back(node.text());
         return found;

@@ -62,7 +62,7 @@ public:
         const auto ffmpeg = program_on_path("ffmpeg");
         if (!ffmpeg)
             throw std::runtime_error("the tests need the ffmpeg program");
-        const std::filesystem::path file = folder_.path() / name;
+        std::filesystem::path file = folder_.path() / name;
         arguments.insert(arguments.begin(), {"-v", "error", "-nostdin", "-y"});
         arguments.push_back(file.string());
         if (!output_of(*ffmpeg, arguments, {std::chrono::minutes(1), 1U << 20U}))

@@ -12,6 +12,7 @@ template <class Record>
 std::vector<std::string> names_of(const std::vector<Record>& records)
 {
     std::vector<std::string> names;
+    names.reserve(records.size());
     for (const Record& record : records)
         names.push_back(std::optional<std::string>(record.name).value_or("(none)"));
     return names;

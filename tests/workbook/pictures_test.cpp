@@ -46,7 +46,7 @@ file_bytes jpeg(std::uint32_t width, std::uint32_t height, std::uint8_t componen
 std::filesystem::path saved(const temporary_folder& folder, const std::string& name,
                             const file_bytes& content)
 {
-    const auto path = folder / name;
+    auto path = folder / name;
     std::ofstream(path, std::ios::binary)
         .write(reinterpret_cast<const char*>(content.data()), static_cast<std::streamsize>(content.size()));
     return path;

@@ -83,6 +83,7 @@ TEST_P(video_file_of_kind, shows_each_frame_where_only_some_are_expected)
     for (const std::vector<int>& frames :
          std::vector<std::vector<int>>{{1, 2, 30, 33, 50, 74}, {23}, {71, 8, 9}}) {
         std::vector<media_time> expected;
+        expected.reserve(frames.size());
         for (const int frame : frames)
             expected.push_back(time_of(frame));
         const std::unique_ptr<video_file> file = open(expected);
