@@ -179,6 +179,8 @@ class LargeDocument(LimitRuns):
     def test_500_megabytes(self):
         if os.sysconf("SC_AVPHYS_PAGES") * os.sysconf("SC_PAGE_SIZE") < 12 * self.SIZE:
             self.skipTest("there is too little free memory on this machine")
+        if self.is_sanitized():
+            self.skipTest("a sanitizer multiplies the memory")
         parameters = "\n".join(
             f"\t\t<parameter>\n\t\t\t<parameterid>{i}</parameterid>\n\t\t\t<name>Setting {i}</name>\n"
             f"\t\t\t<value>{i}</value>\n\t\t</parameter>" for i in range(72))
