@@ -115,7 +115,7 @@ QString layouts_as_json(const std::vector<column_layout>& layouts)
 std::vector<column_layout> layouts_from_json(const QString& text)
 {
     std::vector<column_layout> layouts;
-    for (const QJsonValue& entry : QJsonDocument::fromJson(text.toUtf8()).array()) {
+    for (const QJsonValue entry : QJsonDocument::fromJson(text.toUtf8()).array()) {
         column_layout layout{entry["name"].toString().toStdString(), {}};
         const QJsonObject states = entry["checkboxes"].toObject();
         for (auto state = states.begin(); state != states.end(); ++state) {
@@ -182,7 +182,7 @@ QString media_places_as_json(const std::vector<media_place>& places)
 std::vector<media_place> media_places_from_json(const QString& text)
 {
     std::vector<media_place> places;
-    for (const QJsonValue& entry : QJsonDocument::fromJson(text.toUtf8()).array()) {
+    for (const QJsonValue entry : QJsonDocument::fromJson(text.toUtf8()).array()) {
         media_place place{entry[0].toString().toStdString(), entry[1].toString().toStdString()};
         if (!place.folder.empty())
             places.push_back(std::move(place));

@@ -16,10 +16,9 @@ public:
     asked_desktop() { QDesktopServices::setUrlHandler("file", this, "open"); }
     ~asked_desktop() override { QDesktopServices::unsetUrlHandler("file"); }
 
-    QStringList opened;
+    Q_SLOT void open(const QUrl& url) { opened << url.toLocalFile(); }
 
-public slots:
-    void open(const QUrl& url) { opened << url.toLocalFile(); }
+    QStringList opened;
 };
 
 } // namespace tallyframe::window

@@ -69,7 +69,7 @@ protected:
 
     std::filesystem::path write(const std::string& name, const std::string& text)
     {
-        const std::filesystem::path path = folder.path() / name;
+        std::filesystem::path path = folder.path() / name;
         std::ofstream(path, std::ios::binary) << text;
         return path;
     }

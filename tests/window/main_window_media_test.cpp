@@ -39,10 +39,11 @@ protected:
     ~main_window_media() override { qunsetenv("TMPDIR"); }
 
     /// A cut whose media has moved; with as many clips as asked.
-    std::string cut(int clips)
+    static std::string cut(std::int64_t clips)
     {
         std::vector<testing_support::track_item> items;
-        for (int i = 0; i < clips; ++i) {
+        items.reserve(static_cast<std::size_t>(clips));
+        for (std::int64_t i = 0; i < clips; ++i) {
             items.emplace_back(clip("Clip")
                                    .at(i * 10, i * 10 + 10)
                                    .in_out(i % 40, i % 40 + 10)
@@ -78,7 +79,7 @@ protected:
         ASSERT_EQ(code, 0) << said.str();
     }
 
-    std::vector<std::string> left_on(const fs::path& place) const
+    static std::vector<std::string> left_on(const fs::path& place)
     {
         std::vector<std::string> names;
         for (const fs::directory_entry& entry : fs::directory_iterator(place))

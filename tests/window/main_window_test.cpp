@@ -139,7 +139,7 @@ TEST_F(main_window_test, analyzes_anew_when_the_scope_changes)
 TEST_F(main_window_test, says_that_a_broken_document_is_broken_and_stays_usable)
 {
     open(night_market);
-    open_text("<?xml version=\"1.0\"?><xmeml version=\"5\"><sequence");
+    open_text(R"(<?xml version="1.0"?><xmeml version="5"><sequence)");
     EXPECT_EQ(alert(),
               std::pair(std::string("This XML file is incomplete or broken"),
                         std::string("Please export the XML file again.")));
@@ -163,7 +163,7 @@ TEST_F(main_window_test, says_that_a_file_is_no_timeline)
 
 TEST_F(main_window_test, asks_to_report_an_unexpected_failure_of_the_catalogue)
 {
-    open_text("<xmeml version=\"5\"><sequence id=\"s\"><uuid>one</uuid></sequence></xmeml>");
+    open_text(R"(<xmeml version="5"><sequence id="s"><uuid>one</uuid></sequence></xmeml>)");
     const auto [message, information] = alert();
     EXPECT_EQ(message, "There was a problem converting this XML");
     EXPECT_THAT(information,
