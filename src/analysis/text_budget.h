@@ -22,8 +22,8 @@ public:
         if (text.size() > left_)
             throw analysis_error(
                 "The document has names or notes of such length, shared by so many clips, that the report "
-                "would "
-                "take more than 500 MB for them. Shorten the longest ones, then export the document again.");
+                "would take more than 500 MB for them. Shorten the longest ones, then export the document "
+                "again.");
         left_ -= text.size();
     }
 

@@ -131,8 +131,7 @@ xml_document parse_for_the_last_time(std::string& text, diagnostics& out)
         throw load_error("The document nests elements more than 256 deep. Please export a simpler sequence.");
     if (passed == parser_limit::text_length)
         throw load_error("The document holds a text of more than 10 million characters. Please shorten it, "
-                         "then export the "
-                         "document again.");
+                         "then export the document again.");
     if (is_fatal && document.root())
         throw load_error(fatal_error_message);
     return document;
