@@ -61,15 +61,22 @@ private:
 
 class bitmap_source final : public image_source {
 public:
-    explicit bitmap_source(image_data picture) : picture_(std::move(picture)) { }
+    bitmap_source(image_data picture, reduced_picture& latest) : picture_(std::move(picture)), latest_(latest)
+    {
+    }
 
     std::optional<bitmap> scaled_bitmap(int max_pixel_size) override
     {
-        return resized(*picture_, size_within({picture_->width, picture_->height}, max_pixel_size));
+        if (latest_.original != picture_ || latest_.max_pixel_size != max_pixel_size) {
+            const picture_size size = size_within({picture_->width, picture_->height}, max_pixel_size);
+            latest_ = {picture_, max_pixel_size, resized(*picture_, size)};
+        }
+        return latest_.reduced;
     }
 
 private:
     image_data picture_;
+    reduced_picture& latest_;
 };
 
 } // namespace
@@ -101,7 +108,7 @@ opened_movie ffmpeg_thumbnailer::movie_with_url(const std::filesystem::path& fil
 
 std::unique_ptr<image_source> ffmpeg_thumbnailer::image_source_with_data(const image_data& data)
 {
-    return data ? std::make_unique<bitmap_source>(data) : nullptr;
+    return data ? std::make_unique<bitmap_source>(data, latest_) : nullptr;
 }
 
 std::vector<std::uint8_t> ffmpeg_thumbnailer::jpeg_representation(const bitmap& picture,

@@ -7,10 +7,18 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <span>
 #include <vector>
 
 namespace tallyframe {
+
+/// A picture and what it was reduced to.
+struct reduced_picture {
+    image_data original;
+    int max_pixel_size = 0;
+    std::optional<bitmap> reduced;
+};
 
 /// Makes pictures with the FFmpeg libraries.
 ///
@@ -35,6 +43,7 @@ public:
 private:
     std::filesystem::path resources_;
     media_reader reader_;
+    reduced_picture latest_; ///< where media is missing, row after row shows the same placeholder
 };
 
 } // namespace tallyframe

@@ -94,6 +94,22 @@ TEST_F(ffmpeg_thumbnailer_, shows_placeholders_for_what_is_missing_or_cannot_be_
     EXPECT_EQ(row_picture(text, {0, 1})->height, 180);
 }
 
+TEST_F(ffmpeg_thumbnailer_, reduces_each_picture_to_each_size)
+{
+    kept_text out;
+    ffmpeg_thumbnailer pictures(resource_folder(), out);
+    const auto reduced = [&](const char* name, int size) {
+        const auto image = pictures.image_by_reference(resource_folder() / name)->tiff_representation();
+        return pictures.image_source_with_data(image)->scaled_bitmap(size).value();
+    };
+    const bitmap missing = reduced("Missing.png", 160);
+    EXPECT_EQ(missing.width, 160);
+    EXPECT_EQ(reduced("Missing.png", 160), missing);
+    EXPECT_NE(reduced("Problem.png", 160), missing);
+    EXPECT_EQ(reduced("Problem.png", 320).width, 320);
+    EXPECT_EQ(reduced("Missing.png", 160), missing);
+}
+
 TEST_F(ffmpeg_thumbnailer_, says_that_a_file_cannot_be_written)
 {
     kept_text out;
