@@ -22,7 +22,7 @@ std::string folded(const std::string& name)
 std::filesystem::path report_path(const std::filesystem::path& document,
                                   const std::optional<std::filesystem::path>& output)
 {
-    const std::filesystem::path own_name = document.stem().string() + ".xls";
+    std::filesystem::path own_name = document.stem().string() + ".xls";
     if (!output)
         return own_name;
     if (std::filesystem::is_directory(*output))

@@ -13,7 +13,7 @@ namespace {
 void write_tag_cells(xls::worksheet& sheet, std::size_t row, std::size_t column, const audio_tags& tags,
                      const row_format_set& formats, column_widths& widths)
 {
-    const auto write = [&](cell_value value, cell_kind kind) {
+    const auto write = [&](const cell_value& value, cell_kind kind) {
         write_cell(sheet, row, column++, value, kind, formats, true, widths);
     };
     const auto write_text = [&](std::string_view text) { write(text, cell_kind::text); };

@@ -5,8 +5,8 @@
 #include "workbook/workbook.h"
 
 #include <fmt/format.h>
-#include <limits.h>
 
+#include <climits>
 #include <exception>
 #include <memory>
 #include <system_error>

@@ -79,7 +79,7 @@ QVariant preview_model::data(const QModelIndex& index, int role) const
     case Qt::ForegroundRole:
         return table_.is_audio_row(row) ? audio_color_ : video_color_;
     case Qt::TextAlignmentRole:
-        return QVariant(alignment_of(table_.kind(column)));
+        return {alignment_of(table_.kind(column))};
     default:
         return {};
     }
@@ -96,7 +96,7 @@ QVariant preview_model::headerData(int section, Qt::Orientation orientation, int
     case Qt::FontRole:
         return header_font_;
     case Qt::TextAlignmentRole:
-        return QVariant(Qt::AlignLeft | Qt::AlignVCenter);
+        return {Qt::AlignLeft | Qt::AlignVCenter};
     case Qt::ToolTipRole:
         return table_.is_picture_column(column) ? tr("The pictures are made when the report is saved")
                                                 : QVariant();

@@ -36,6 +36,7 @@ bool is_taken(std::string_view name, const std::vector<column_layout>& layouts, 
 std::vector<column_layout::checkbox> default_checkboxes()
 {
     std::vector<column_layout::checkbox> checkboxes;
+    checkboxes.reserve(all_column_switches.size());
     for (const column_switch_entry& entry : all_column_switches)
         checkboxes.push_back({std::string(entry.title), entry.on_by_default ? 1 : 0});
     return checkboxes;

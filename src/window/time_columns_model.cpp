@@ -65,7 +65,7 @@ QVariant time_columns_model::data(const QModelIndex& index, int role) const
         case Qt::EditRole:
             return static_cast<int>(row.adjustment);
         case Qt::TextAlignmentRole:
-            return QVariant(Qt::AlignRight | Qt::AlignVCenter);
+            return {Qt::AlignRight | Qt::AlignVCenter};
         case Qt::ToolTipRole:
             return tr(
                 "Frames to add to Sequence In and Sequence Out in this format. The column's header tells "

@@ -104,7 +104,7 @@ Qt::ItemFlags track_table_model::flags(const QModelIndex& index) const
     return flags;
 }
 
-QVariant track_table_model::display_text(const track_row& row, int column) const
+QVariant track_table_model::display_text(const track_row& row, int column)
 {
     switch (column) {
     case label_column:

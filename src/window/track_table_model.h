@@ -34,7 +34,7 @@ signals:
     void ticks_changed();
 
 private:
-    QVariant display_text(const track_row& row, int column) const;
+    static QVariant display_text(const track_row& row, int column);
     void show_ticks();
 
     std::vector<track_row> rows_;

@@ -137,12 +137,12 @@ TEST(title_text, gives_nothing_for_what_it_cannot_read)
 {
     for (const std::string& bytes :
          {std::string(), utf16("{"), utf16("{{{{"), utf16("[1]"), utf16("{}"), utf16("null"),
-          utf16("{\"mTextParam\":3}"),
-          utf16("{\"mTextParam\":{\"mStyleSheet\":{\"mText\":5,\"mFontName\":{\"mParamValues\":[]}}}}"),
-          utf16("{\"mTextParam\":{\"mStyleSheet\":{\"mText\":null,\"mFontName\":{\"mParamValues\":[[]]}}}}"),
-          utf16("{\"mTextParam\":{\"mStyleSheet\":{\"mText\":[],\"mFontName\":{\"mParamValues\":[[1,2]]}}}}"),
-          utf16("{\"mTextParam\":{\"mStyleSheet\":{\"mFontName\":{\"mParamValues\":[7]}}}}"),
-          utf16("{\"mTextParam\":{\"mStyleSheet\":{\"mFontName\":{\"mParamValues\":\"Arial\"}}}}"),
+          utf16(R"({"mTextParam":3})"),
+          utf16(R"({"mTextParam":{"mStyleSheet":{"mText":5,"mFontName":{"mParamValues":[]}}}})"),
+          utf16(R"({"mTextParam":{"mStyleSheet":{"mText":null,"mFontName":{"mParamValues":[[]]}}}})"),
+          utf16(R"({"mTextParam":{"mStyleSheet":{"mText":[],"mFontName":{"mParamValues":[[1,2]]}}}})"),
+          utf16(R"({"mTextParam":{"mStyleSheet":{"mFontName":{"mParamValues":[7]}}}})"),
+          utf16(R"({"mTextParam":{"mStyleSheet":{"mFontName":{"mParamValues":"Arial"}}}})"),
           utf16(u"{\"mText\":\"\xD800"), std::string("\xFF\xFE\x7B", 3)})
         EXPECT_EQ(title_of(bytes), title_text{}) << bytes;
     title_text title;

@@ -90,7 +90,7 @@ const std::string bin_clip =
 
 std::string xmeml(const std::string& content)
 {
-    return "<?xml version=\"1.0\"?><xmeml version=\"5\">" + content + "</xmeml>";
+    return R"(<?xml version="1.0"?><xmeml version="5">)" + content + "</xmeml>";
 }
 
 const std::string one_sequence = xmeml(sequence("Reel 1", "U-1"));

@@ -52,7 +52,7 @@ class parsing_a_file : public parsing {
 protected:
     std::filesystem::path file(const std::string& name, const std::string& content)
     {
-        const std::filesystem::path path = folder_.path() / name;
+        std::filesystem::path path = folder_.path() / name;
         std::ofstream(path, std::ios::binary) << content;
         return path;
     }

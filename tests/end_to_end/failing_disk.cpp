@@ -62,6 +62,8 @@ bool is_written(std::FILE* file)
 
 } // namespace
 
+// The C library's own names for the parameters are reserved ones.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 extern "C" {
 
 int open(const char* path, int flags, ...) // NOLINT(cert-dcl50-cpp): as the C library declares it
@@ -120,3 +122,4 @@ int rename(const char* from, const char* to) noexcept
 }
 
 } // extern "C"
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)

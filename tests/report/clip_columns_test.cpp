@@ -96,6 +96,7 @@ TEST(clip_columns, are_the_clip_name_alone_with_every_switch_off)
 TEST(clip_columns, show_every_field_of_a_clip)
 {
     std::vector<std::string> titles;
+    titles.reserve(all_column_switches.size());
     for (const column_switch_entry& entry : all_column_switches)
         titles.emplace_back(entry.title);
     const auto columns = columns_for(only(titles));
@@ -115,7 +116,7 @@ TEST(clip_columns, show_an_empty_text_for_every_field_that_a_clip_lacks)
 {
     auto options = only({"Track", "Source Reel Name", "Scene", "Labels", "Frame Rate/Sample Rate",
                          "Frame Size", "Source File Name", "Source File Path"});
-    const clip_record nothing = test::placed<clip_record>("V1", 0, 9);
+    const auto nothing = test::placed<clip_record>("V1", 0, 9);
     EXPECT_THAT(row_of(columns_for(options), nothing), ElementsAre("V1", "", "", "", "", "", "", "", "", ""));
 }
 

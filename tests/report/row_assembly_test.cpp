@@ -17,6 +17,7 @@ using testing::IsEmpty;
 std::vector<std::string> named(const auto& records)
 {
     std::vector<std::string> names;
+    names.reserve(records.size());
     for (const auto* record : records)
         names.push_back(record->track + " " + *record->name);
     return names;
@@ -25,6 +26,7 @@ std::vector<std::string> named(const auto& records)
 std::vector<std::string> tracks_of(const auto& records)
 {
     std::vector<std::string> tracks;
+    tracks.reserve(records.size());
     for (const auto* record : records)
         tracks.push_back(record->track);
     return tracks;

@@ -182,7 +182,7 @@ TEST(reel_sheet, has_widths_of_its_own)
 TEST(reel_sheet, is_one_for_each_of_200_reels)
 {
     test::written_report report;
-    for (int i = 0; i < 200; ++i) {
+    for (std::int64_t i = 0; i < 200; ++i) {
         const std::string reel = "A very long reel name, the same up to its number " + std::to_string(i);
         report.analysis.reels_array.push_back({reel, 0});
         report.analysis.video_clip_data_array.push_back(of_reel(reel, "Shot", "V1", i * 10, i * 10 + 9));

@@ -116,6 +116,7 @@ TEST(reel_sheet_name, stays_legal_when_its_successor_grows)
 TEST(reel_sheet_name, is_its_own_for_each_of_250_reels)
 {
     std::vector<std::string> reels;
+    reels.reserve(250);
     for (int i = 0; i < 250; ++i)
         reels.push_back("Reel with a name that goes on and on " + std::to_string(i));
     const auto names = names_of_sheets(reels);

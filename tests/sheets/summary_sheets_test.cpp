@@ -159,7 +159,7 @@ TEST(files_summary, of_no_files_is_its_header)
 TEST(files_summary, has_shares_that_add_up_to_one)
 {
     test::written_report report;
-    for (int i = 0; i < 7; ++i)
+    for (std::int64_t i = 0; i < 7; ++i)
         report.analysis.video_clip_data_array.push_back(
             test::clip_of_file("/" + std::to_string(i), "V1", i * 100, i * 101));
     const auto sheet = files_summary(report);

@@ -14,6 +14,7 @@ namespace {
 std::vector<column_layout> named(const std::vector<std::string>& names)
 {
     std::vector<column_layout> layouts;
+    layouts.reserve(names.size());
     for (const std::string& name : names)
         layouts.push_back({name, {}});
     return layouts;

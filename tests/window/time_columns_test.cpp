@@ -19,6 +19,7 @@ namespace {
 std::vector<time_format> formats_of(const std::vector<time_column_row>& rows)
 {
     std::vector<time_format> formats;
+    formats.reserve(rows.size());
     for (const time_column_row& row : rows)
         formats.push_back(row.format);
     return formats;

@@ -228,15 +228,15 @@ TEST(shared_strings, breaks_at_legal_places_wherever_the_record_ends)
             for (std::size_t length = 1; length <= 20; ++length) {
                 // The first text leaves a few bytes more or less in the record.
                 const auto units = before < 0x100 ? 8224 - 8 - 3 - length : (8224 - 8 - 3 - length) / 2;
-                const auto characters = before < 0x10000 ? units : units / 2;
+                const auto count = before < 0x10000 ? units : units / 2;
                 xls::shared_strings strings;
-                strings.add(utf8(before, characters));
+                strings.add(utf8(before, count));
                 strings.add(utf8(behind, 9));
                 strings.add("a" + utf8(behind, 5000));
                 strings.add("end");
                 const auto [records, table] = written(strings);
                 ASSERT_EQ(table.texts.size(), 4U);
-                EXPECT_EQ(table.texts[0].text, xls::to_utf16(utf8(before, characters)));
+                EXPECT_EQ(table.texts[0].text, xls::to_utf16(utf8(before, count)));
                 EXPECT_EQ(table.texts[1].text, xls::to_utf16(utf8(behind, 9)));
                 EXPECT_EQ(table.texts[2].text, xls::to_utf16("a" + utf8(behind, 5000)));
                 EXPECT_EQ(table.texts[3].text, u"end");

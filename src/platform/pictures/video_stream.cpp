@@ -102,6 +102,8 @@ std::unique_ptr<video_stream> video_stream::open_as_stored(const std::filesystem
     AVFormatContext* format = avformat_alloc_context();
     if (format == nullptr)
         return nullptr;
+    // Handed back to stop_when_over, which only reads it.
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast)
     format->interrupt_callback = {stop_when_over, const_cast<time_limit*>(&limit)};
     AVDictionary* options = nullptr;
     av_dict_set(&options, "format_whitelist", container_formats, 0);

@@ -34,7 +34,7 @@ protected:
         return picture ? number_of(*picture) : -1;
     }
 
-    bool is_placeholder(const image_data& picture, const char* name) const
+    static bool is_placeholder(const image_data& picture, const char* name)
     {
         const image_data placeholder = read_still_picture(resource_folder() / name);
         const std::vector<int> corner = color_at(*picture, 2, 2);
@@ -60,8 +60,9 @@ private:
 TEST_F(ffmpeg_thumbnailer_, shows_the_frame_at_the_in_point)
 {
     const auto film = media_.film("film.mov", "30000/1001", 60, long_gop);
-    EXPECT_EQ(number_shown(film, {17 * 1001, 30000}), 17);
-    EXPECT_EQ(number_shown(film, {45 * 1001, 30000}), 45);
+    constexpr std::int64_t frame = 1001; // of a second's 30000
+    EXPECT_EQ(number_shown(film, {17 * frame, 30000}), 17);
+    EXPECT_EQ(number_shown(film, {45 * frame, 30000}), 45);
     EXPECT_EQ(row_picture(film, {0, 1})->width, 320);
 }
 

@@ -62,7 +62,7 @@ std::string photoshop_file(int width, int height)
     std::string file = "8BPS\0\1\0\0\0\0\0\0\0\3"s;
     file += "\0\0"s + two_bytes(height) + "\0\0"s + two_bytes(width) + "\0\x08\0\3"s;
     file += std::string(12, '\0') + "\0\0"s;
-    const auto plane = static_cast<std::size_t>(width * height);
+    const auto plane = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
     return file + std::string(plane, '\xFF') + std::string(plane, '\x80') + std::string(plane, '\0');
 }
 
