@@ -44,7 +44,7 @@ const frame_rates_row* read_rate(file_record& record, xml_node file, std::option
     if (row != nullptr) {
         record.fcp_rate = row->fcp_rate;
         record.type = row->type;
-    } else if (timebase > 0 || (timebase_text && seq_fcp_rate)) {
+    } else if (timebase_text) {
         const bool is_floating = ntsc == "TRUE";
         record.fcp_rate = frame_rate{static_cast<double>(timebase) * (is_floating ? 0.999 : 1), is_floating};
         record.type = fmt::format("Non-Standard ({} fps)", record.fcp_rate->frames_per_second);

@@ -18,7 +18,7 @@ namespace tallyframe {
 struct file_record {
     std::string id;
     std::optional<std::int64_t> src_duration; ///< frames at fcp_rate; nothing marks a still image
-    std::optional<frame_rate> fcp_rate; ///< nothing only in bins without a usable rate of their own
+    std::optional<frame_rate> fcp_rate; ///< nothing only in bins, for a file without a timebase
     std::optional<std::string> type; ///< the rate's display name
     std::optional<std::string> frame_size; ///< "1920 × 1080"
     std::string displayformat = "NDF"; ///< "DF" or "NDF"

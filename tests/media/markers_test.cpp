@@ -88,20 +88,42 @@ TEST(marker_hash, tells_an_absent_comment_from_an_empty_one)
 
 TEST(marker_hash, names_the_colour)
 {
-    EXPECT_EQ(record_of(marker_with(rgb(255, 127, 0))).color, "Orange");
-    EXPECT_EQ(record_of(marker_with(rgb(48, 191, 72))).color, "Green");
-    EXPECT_EQ(record_of(marker_with(rgb(255, 0, 127))).color, "Pink");
-    EXPECT_EQ(record_of(marker_with(rgb(10, 20, 30))).color, "Red");
-    EXPECT_EQ(record_of(marker_with(rgb(255, 255, 255))).color, "Red") << "white has no components";
+    const auto name_of = [](int red, int green, int blue) {
+        return record_of(marker_with(rgb(red, green, blue))).color;
+    };
+    EXPECT_EQ(name_of(255, 0, 0), "Red");
+    EXPECT_EQ(name_of(255, 127, 0), "Orange");
+    EXPECT_EQ(name_of(255, 255, 0), "Yellow");
+    EXPECT_EQ(name_of(48, 191, 72), "Green");
+    EXPECT_EQ(name_of(48, 191, 191), "Turquoise");
+    EXPECT_EQ(name_of(0, 128, 255), "Blue");
+    EXPECT_EQ(name_of(127, 0, 255), "Purple");
+    EXPECT_EQ(name_of(255, 0, 127), "Pink");
+    EXPECT_EQ(name_of(10, 20, 30), "Red");
+    EXPECT_EQ(name_of(255, 255, 255), "Red") << "white has no components";
     EXPECT_EQ(record_of(marker("M", 0)).color, "");
 }
 
 TEST(marker_hash, names_the_packed_colour)
 {
-    EXPECT_EQ(record_of(marker_with("<pproColor>4294741314</pproColor>")).color, "Blue");
-    EXPECT_EQ(record_of(marker_with("<pproColor>4292277273</pproColor>")).color, "Turquoise");
-    EXPECT_EQ(record_of(marker_with("<pproColor>4294967295</pproColor>")).color, "White");
-    EXPECT_EQ(record_of(marker_with("<pproColor>5</pproColor>")).color, "Green");
+    const auto name_of = [](std::string_view packed) {
+        return record_of(marker_with(element("pproColor", packed))).color;
+    };
+    EXPECT_EQ(name_of("4281740498"), "Red");
+    EXPECT_EQ(name_of("4280578025"), "Orange");
+    EXPECT_EQ(name_of("4281049552"), "Yellow");
+    EXPECT_EQ(name_of("4292277273"), "Turquoise");
+    EXPECT_EQ(name_of("4294741314"), "Blue");
+    EXPECT_EQ(name_of("4289825711"), "Purple");
+    EXPECT_EQ(name_of("4294967295"), "White");
+    EXPECT_EQ(name_of("5"), "Green");
+    EXPECT_EQ(name_of(""), "Green");
+}
+
+TEST(marker_hash, reads_the_digits_at_the_front_of_a_component)
+{
+    const std::string odd = "<color><red> 255x</red><green>127.9</green><blue/></color>";
+    EXPECT_EQ(record_of(marker_with(odd)).color, "Orange");
 }
 
 TEST(marker_hash, lets_even_an_unknown_packed_colour_win)

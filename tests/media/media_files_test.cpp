@@ -106,13 +106,22 @@ TEST(media_files, takes_the_rate_of_the_sequence_without_one_of_its_own)
     EXPECT_EQ(record.type, "NTSC/HD (29.97 fps)");
 }
 
-TEST(media_files, has_no_rate_in_bins_without_a_usable_one)
+TEST(media_files, takes_a_timebase_that_is_no_rate_as_it_is)
 {
-    for (const std::string& markup : {file("<name/>"), file(rate("0", "FALSE")), file(rate("x", "TRUE"))}) {
-        const file_record record = file_record_of(markup, std::nullopt);
-        EXPECT_EQ(record.fcp_rate, std::nullopt);
-        EXPECT_EQ(record.type, std::nullopt);
+    for (const auto seq_fcp_rate : {std::optional(rate_25), std::optional<frame_rate>()}) {
+        const file_record none = file_record_of(file(rate("0", "FALSE")), seq_fcp_rate);
+        EXPECT_EQ(none.fcp_rate, (frame_rate{0, false}));
+        EXPECT_EQ(none.type, "Non-Standard (0 fps)");
+        EXPECT_EQ(file_record_of(file(rate("x", "TRUE")), seq_fcp_rate).type, "Non-Standard (0 fps)");
+        EXPECT_EQ(file_record_of(file(rate("-25", "FALSE")), seq_fcp_rate).type, "Non-Standard (-25 fps)");
     }
+}
+
+TEST(media_files, has_no_rate_in_bins_without_a_timebase)
+{
+    const file_record record = file_record_of(file("<rate><ntsc>TRUE</ntsc></rate>"), std::nullopt);
+    EXPECT_EQ(record.fcp_rate, std::nullopt);
+    EXPECT_EQ(record.type, std::nullopt);
     EXPECT_EQ(file_record_of(file(rate("25", "FALSE")), std::nullopt).fcp_rate, rate_25);
 }
 
