@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "sheets/clip_rows.h"
+#include "sheets/reel_sheets.h"
 #include "sheets/written_report.h"
 
 #include <gmock/gmock.h>
@@ -22,6 +23,21 @@ test::sheet_content clips_sheet(test::written_report& report)
 {
     return report.write({write_clips_sheet}).sheet("All Reels");
 }
+
+class every_file_is_there final : public media_locator {
+public:
+    std::optional<std::filesystem::path> locate(const std::string& path) override { return path; }
+};
+
+/// Reads from every file a title, an album, a year and two authors.
+class reader_without_track_numbers final : public audio_tag_reader {
+public:
+    std::string raw_tags(const std::filesystem::path&) override
+    {
+        using namespace std::string_literals;
+        return "Weather\0\0(\n    \"Ann\",\n    \"Bo\"\n)\0\0\0\0001999\0A title that widens its column\0"s;
+    }
+};
 
 TEST(clips_sheet, has_its_header_frozen_though_there_are_no_clips)
 {
@@ -180,6 +196,37 @@ TEST(clips_sheet, takes_the_row_colours_from_the_options)
     report.show_only({});
     report.analysis.video_clip_data_array = {test::full_clip()};
     EXPECT_THAT(clips_sheet(report).looks(1), ElementsAre("Helvetica 11 plain purple general General"));
+}
+
+TEST(clip_rows, of_audio_end_with_the_tags_of_their_files)
+{
+    every_file_is_there locator;
+    reader_without_track_numbers reader;
+    audio_tag_catalogue tags(locator, reader);
+    test::written_report report;
+    report.tags = &tags;
+    report.show_only({"ID3 Metadata"});
+    report.analysis.audio_clip_data_array = {stereo("A1")};
+    report.analysis.video_clip_data_array = {stereo("V1")};
+    report.analysis.audio_clip_data_array.front().reel_name = "A001";
+    report.analysis.video_clip_data_array.front().reel_name = "A001";
+    report.analysis.reels_array = {{"A001", 0}};
+    const auto book = report.write({write_clips_sheet, write_reel_sheets});
+    for (const std::string name : {"All Reels", "#1 A001"}) {
+        const auto& sheet = book.sheet(name);
+        EXPECT_THAT(sheet.row(0),
+                    ElementsAre("Clip Name", "Song Title", "Album", "Track #", "Year", "Musical Genre",
+                                "Authors", "Composer", "Producer"));
+        EXPECT_THAT(sheet.row(1),
+                    ElementsAre("Clip", "A title that widens its column", "Weather", "-", "1999", "",
+                                "Ann,, Bo", "", ""))
+            << "without a track number there is no cell, but its place is kept";
+        EXPECT_THAT(sheet.looks(1), ElementsAre(test::audio_text)) << "numbers, too";
+        EXPECT_EQ(sheet.cell(1, 4).kind, "number");
+        EXPECT_THAT(sheet.row(2), ElementsAre("Clip")) << "a video row of the same file";
+        EXPECT_NEAR(sheet.widths.at(1), 30, 0.1);
+        EXPECT_NEAR(sheet.widths.at(2), 7, 0.1);
+    }
 }
 
 TEST(clips_sheet, keeps_a_place_for_pictures)

@@ -19,7 +19,7 @@ workbook_content written_report::write(std::initializer_list<sheet_writer> write
         clock.seq_fcp_rate = analysis.seq_fcp_rate->frames_per_second;
 
     running = {};
-    const report_frame frame = {book, analysis, options, rows, switches, formats, display, clock};
+    const report_frame frame = {book, analysis, options, rows, switches, formats, display, clock, tags};
     for (const sheet_writer write_sheet : writers)
         write_sheet(frame, running);
     book.close();

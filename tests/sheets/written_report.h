@@ -20,6 +20,7 @@ struct written_report {
     analysis_result analysis = sequence_at_25();
     report_options options;
     track_ticks ticks = {std::vector<int>(11, 1), std::vector<int>(11, 1)};
+    audio_tag_catalogue* tags = nullptr; ///< none: no row gets tags
     counting_progress display;
     running_report running; ///< as the last sheet left it
 
