@@ -13,7 +13,7 @@
 //   8  …  {"mTextParam":{"mStyleSheet":{"mText":"First line\rSecond line","mFontName":{"mParamValues":
 //         [[0,"Menlo-Regular"],…]},…},…},…} in UTF-16LE
 //
-// Other versions write the same in UTF-8, or another binary form that holds the font's name as plain text.
+// Other versions write a binary form that holds the font's name as plain text; its text is not read.
 
 namespace tallyframe {
 
@@ -61,31 +61,27 @@ std::string_view without_header(std::string_view bytes)
     return brace == std::string_view::npos ? bytes : bytes.substr(brace);
 }
 
-/// Parses the text, and once more with a closing brace when that fails: some exports lose the last one.
-template <class Text>
-json parsed(Text text)
+std::u16string from_utf16le(std::string_view bytes)
 {
-    while (!text.empty() && text.back() == 0)
-        text.pop_back();
-    json document = json::parse(text.begin(), text.end(), nullptr, false);
-    if (document.is_discarded()) {
-        text.push_back('}');
-        document = json::parse(text.begin(), text.end(), nullptr, false);
-    }
-    return document;
-}
-
-json parsed_bytes(std::string_view bytes)
-{
-    const bool is_utf16 = bytes.size() > 1 && bytes[1] == '\0';
-    if (!is_utf16)
-        return parsed(std::string(bytes));
     std::u16string text;
     text.reserve(bytes.size() / 2);
     for (std::size_t i = 0; i + 1 < bytes.size(); i += 2)
         text += static_cast<char16_t>(static_cast<unsigned char>(bytes[i])
                                       | static_cast<unsigned char>(bytes[i + 1]) << 8);
-    return parsed(std::move(text));
+    return text;
+}
+
+/// Parses the text, and once more with a closing brace when that fails: some exports lose the last one.
+json parsed(std::u16string text)
+{
+    while (!text.empty() && text.back() == 0)
+        text.pop_back();
+    json document = json::parse(text.begin(), text.end(), nullptr, false);
+    if (document.is_discarded()) {
+        text.push_back(u'}');
+        document = json::parse(text.begin(), text.end(), nullptr, false);
+    }
+    return document;
 }
 
 /// The value at a path of keys, or null.
@@ -125,14 +121,14 @@ void add_lines(std::string_view text, std::vector<std::string>& lines)
 
 void read_source_text(std::string_view base64, title_text& title)
 {
+    if (!title.font.empty())
+        return;
     const std::string bytes = base64_decoded(base64);
-    // A text that opens with a brace is the document in UTF-8 and no font.
-    if (const std::string_view font = first_plain_text(bytes); title.font.empty() && !font.starts_with('{'))
-        title.font = font;
+    title.font = first_plain_text(bytes);
     if (!title.font.empty())
         return;
 
-    const json document = parsed_bytes(without_header(bytes));
+    const json document = parsed(from_utf16le(without_header(bytes)));
     const json& text = value_at(document, {"mTextParam", "mStyleSheet", "mText"});
     title.font = font_of(value_at(document, {"mTextParam", "mStyleSheet", "mFontName", "mParamValues"}));
     if (text.is_string())

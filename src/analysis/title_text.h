@@ -16,8 +16,8 @@ struct title_text {
 };
 
 /// Adds to `title` what a "Source Text" value holds: Base64 of a binary header and either the plain name of
-/// a font, or a JSON document (UTF-16LE, or UTF-8) with the title's text and font. A value that cannot be
-/// read adds nothing. Nothing is read once the font is known.
+/// a font, or a JSON document in UTF-16LE with the title's text and font. A value that cannot be read adds
+/// nothing. Nothing is read once the font is known.
 void read_source_text(std::string_view base64, title_text& title);
 
 } // namespace tallyframe
