@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "analysis/analysis_walk.h"
 
+#include "analysis/frame_numbers.h"
 #include "platform/failures.h"
 
 namespace tallyframe {
@@ -25,6 +26,14 @@ std::string required_text(const track_context& track, xml_node item, std::string
         return std::move(*text);
     throw analysis_error(description_of(track, item) + " has no \"" + std::string(child)
                          + "\" element. Check it in the timeline, then export the document again.");
+}
+
+std::optional<std::int64_t> position_or_neighbour(std::int64_t own, xml_node beside, std::string_view name)
+{
+    if (own != -1)
+        return own;
+    const auto text = beside.text_of(name);
+    return text ? std::optional(frame_number(*text)) : std::nullopt;
 }
 
 std::string description_of(const track_context& track, xml_node item)

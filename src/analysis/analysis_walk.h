@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace tallyframe {
 
@@ -49,6 +50,10 @@ track_position position_of(const analysis_walk& walk, const track_context& track
 /// Text of a child that every item of its kind must have. Throws analysis_error with a sentence that names
 /// the child, the item and its track.
 std::string required_text(const track_context& track, xml_node item, std::string_view child);
+
+/// Where an item starts or ends that says `own`. -1 is hidden under a transition: it then is what the element
+/// beside the item says as its `name` ("start", "end"), nothing when that says none.
+std::optional<std::int64_t> position_or_neighbour(std::int64_t own, xml_node beside, std::string_view name);
 
 /// "The clip "Interview 3" on track V2", for such sentences.
 std::string description_of(const track_context& track, xml_node item);

@@ -84,18 +84,6 @@ void report_start(const analysis_walk& walk, const track_context& track, xml_nod
                    + std::to_string(item_number) + " " + std::string(element.name()) + "\n");
 }
 
-/// A position that may be -1: hidden under a transition. It then is that of the element beside the clip item,
-/// and -1 when there is none.
-std::int64_t position_or_neighbour(const track_context& track, xml_node element, xml_node own,
-                                   std::string_view name, xml_node neighbour)
-{
-    const std::int64_t position = frame_number(own ? own.text() : required_text(track, element, name));
-    if (position != -1)
-        return position;
-    const auto beside = neighbour.text_of(name);
-    return beside ? frame_number(*beside) : -1;
-}
-
 clip_positions positions_in_sequence(const track_context& track, xml_node element,
                                      const clip_item_children& children)
 {
@@ -104,8 +92,10 @@ clip_positions positions_in_sequence(const track_context& track, xml_node elemen
     };
     clip_positions positions;
     positions.start =
-        position_or_neighbour(track, element, children.start, "start", element.previous_element());
-    positions.end = position_or_neighbour(track, element, children.end, "end", element.next_element());
+        position_or_neighbour(number(children.start, "start"), element.previous_element(), "start")
+            .value_or(-1);
+    positions.end =
+        position_or_neighbour(number(children.end, "end"), element.next_element(), "end").value_or(-1);
     positions.in = number(children.in, "in");
     positions.out = number(children.out, "out");
     positions.duration = number(children.duration, "duration");

@@ -18,15 +18,13 @@ namespace {
 
 constexpr std::string_view line_separator = "  |  ";
 
-/// A position that may be -1: hidden under a transition. It then is that of the neighbour.
-std::int64_t position_or_neighbour(const track_context& track, xml_node item, std::string_view name,
-                                   xml_node neighbour)
+/// Unlike a clip, a generator has no other way to tell where it starts or ends.
+std::int64_t generator_position(const track_context& track, xml_node item, xml_node beside,
+                                std::string_view name)
 {
-    const std::int64_t position = frame_number(required_text(track, item, name));
-    if (position != -1)
-        return position;
-    if (const auto beside = neighbour.text_of(name))
-        return frame_number(*beside);
+    const std::int64_t own = frame_number(required_text(track, item, name));
+    if (const auto position = position_or_neighbour(own, beside, name))
+        return *position;
     throw analysis_error(description_of(track, item) + " has the " + std::string(name)
                          + " -1, and nothing beside it tells where that is. Check it in the timeline, then "
                            "export the document again.");
@@ -81,8 +79,8 @@ generator_record generator_record_of(const analysis_walk& walk, const track_cont
                                      xml_node generatoritem)
 {
     const std::int64_t start =
-        position_or_neighbour(track, generatoritem, "start", generatoritem.previous_element());
-    const std::int64_t end = position_or_neighbour(track, generatoritem, "end", generatoritem.next_element());
+        generator_position(track, generatoritem, generatoritem.previous_element(), "start");
+    const std::int64_t end = generator_position(track, generatoritem, generatoritem.next_element(), "end");
 
     generator_record record;
     record.track_position::operator=(position_of(walk, track, start, end));
