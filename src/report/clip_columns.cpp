@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "report/clip_columns.h"
 
+#include "document/text_values.h"
 #include "media/file_urls.h"
 #include "report/shared_rows.h"
 #include "report/time_cells.h"
@@ -8,8 +9,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <charconv>
-#include <cmath>
 
 namespace tallyframe {
 
@@ -72,14 +71,6 @@ cell_value note_text(const clip_record& clip, const row_context&)
 cell_value check_mark(const clip_record& clip, const row_context&)
 {
     return std::string_view(clip.enabled == "TRUE" ? "✓" : "");
-}
-
-double leading_number(std::string_view text)
-{
-    const std::size_t first = std::min(text.find_first_not_of(" \t\r\n\f\v"), text.size());
-    double number = 0;
-    std::from_chars(text.data() + first, text.data() + text.size(), number);
-    return std::isfinite(number) ? number : 0;
 }
 
 /// "48 kHz" for 48000 samples a second, "44.1 kHz" for 44100.

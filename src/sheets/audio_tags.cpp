@@ -1,24 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "sheets/audio_tags.h"
 
-#include <charconv>
-#include <cstdint>
-#include <limits>
+#include "document/text_values.h"
+
 #include <vector>
 
 namespace tallyframe {
 
 namespace {
-
-constexpr std::string_view white_space = " \t\n\v\f\r";
-
-std::string_view trimmed(std::string_view text)
-{
-    const std::size_t first = text.find_first_not_of(white_space);
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(white_space) - first + 1);
-}
 
 std::vector<std::string_view> split(std::string_view text, char separator)
 {
@@ -37,15 +26,7 @@ std::optional<double> leading_whole_number(std::string_view text)
 {
     if (text.empty())
         return std::nullopt;
-    text.remove_prefix(std::min(text.find_first_not_of(white_space), text.size()));
-    if (text.starts_with('+') && !text.starts_with("+-"))
-        text.remove_prefix(1);
-    std::int64_t number = 0;
-    const auto parsed = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (parsed.ec == std::errc::result_out_of_range)
-        number = text.starts_with('-') ? std::numeric_limits<std::int64_t>::min()
-                                       : std::numeric_limits<std::int64_t>::max();
-    return static_cast<double>(number);
+    return static_cast<double>(leading_integer(text));
 }
 
 /// The names of a list: every line between the one that opens it and the one that closes it. The comma that

@@ -20,11 +20,11 @@ LOWER = {
     "window": {"sequence_to_spreadsheet", "report", "analysis", "document", "workbook", "platform"},
 }
 
-# The report reads what the analysis has left; of the tracks' check boxes it takes the values.
+# The report reads what the analysis has left, and numbers in texts as the analysis does.
 HEADERS_OF_RECORDS = {
     "report": {"analysis": re.compile(r"analysis/(\w+_records?|analysis_result)\.h"),
                "media": re.compile(r"media/(\w+_record|file_urls)\.h"),
-               "document": re.compile(r"document/track_checkboxes\.h")},
+               "document": re.compile(r"document/text_values\.h")},
 }
 
 # A library that only one folder may know. Each hides inside the sources named here.
