@@ -95,6 +95,14 @@ cell_value time_cell(time_format format, std::optional<double> frames, std::opti
     return {};
 }
 
+sequence_clock clock_of(const analysis_result& analysis)
+{
+    sequence_clock clock{.seq_fcp_rate = std::nullopt, .seq_displayformat = analysis.seq_displayformat};
+    if (analysis.seq_fcp_rate)
+        clock.seq_fcp_rate = analysis.seq_fcp_rate->frames_per_second;
+    return clock;
+}
+
 cell_value sequence_timecode(std::optional<double> frames, const sequence_clock& clock)
 {
     return to_timecode(frames, clock.seq_fcp_rate, clock.seq_displayformat);

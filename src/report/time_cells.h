@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "analysis/analysis_result.h"
 #include "report/report_options.h"
 #include "report/table_columns.h"
 
@@ -32,6 +33,9 @@ cell_kind time_cell_kind(time_format format);
 /// empty text, the numbers no cell. `rate` in frames a second; seconds without a usable one give no cell.
 cell_value time_cell(time_format format, std::optional<double> frames, std::optional<double> rate,
                      std::string_view displayformat);
+
+/// The clock of what was analysed, which has to outlive it. Bins have no rate.
+sequence_clock clock_of(const analysis_result& analysis);
 
 /// The frame count as the sequence's timecode, as most sheets show their times.
 cell_value sequence_timecode(std::optional<double> frames, const sequence_clock& clock);

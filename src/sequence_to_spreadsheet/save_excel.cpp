@@ -7,6 +7,7 @@
 #include "report/row_assembly.h"
 #include "report/row_formats.h"
 #include "report/sheet_set.h"
+#include "report/time_cells.h"
 #include "sheets/audio_tags.h"
 #include "sheets/clip_rows.h"
 #include "sheets/effect_sheets.h"
@@ -76,14 +77,6 @@ std::int64_t progress_bar_length(const report_options& options, const analysis_r
     if (options.reel_sheets)
         steps += analysis.reels_array.size();
     return static_cast<std::int64_t>(steps);
-}
-
-sequence_clock clock_of(const analysis_result& analysis)
-{
-    sequence_clock clock{.seq_fcp_rate = std::nullopt, .seq_displayformat = analysis.seq_displayformat};
-    if (analysis.seq_fcp_rate)
-        clock.seq_fcp_rate = analysis.seq_fcp_rate->frames_per_second;
-    return clock;
 }
 
 std::optional<audio_tag_catalogue> tags_from(const media_services* media)

@@ -2,17 +2,9 @@
 #include "window/preview_table.h"
 
 #include "report/shared_rows.h"
+#include "report/time_cells.h"
 
 namespace tallyframe::window {
-
-namespace {
-
-std::optional<double> frames_per_second(const std::optional<frame_rate>& rate)
-{
-    return rate ? std::optional(rate->frames_per_second) : std::nullopt;
-}
-
-} // namespace
 
 preview_table::preview_table(const analysis_result& analysis, const track_ticks& ticks,
                              const report_options& options)
@@ -20,7 +12,7 @@ preview_table::preview_table(const analysis_result& analysis, const track_ticks&
       rows_(rows_of_clips_sheet(assembled_.clip_data_array)),
       columns_(expand_clip_columns(clip_sheet::all_reels, options,
                                    chosen_columns(options, analysis.is_sequence), analysis.is_sequence)),
-      clock_{frames_per_second(analysis.seq_fcp_rate), analysis.seq_displayformat}
+      clock_(clock_of(analysis))
 {
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "sheets/written_report.h"
 
+#include "report/time_cells.h"
 #include "support/temporary_folder.h"
 
 namespace tallyframe::testing_support {
@@ -14,12 +15,10 @@ workbook_content written_report::write(std::initializer_list<sheet_writer> write
     const column_switches switches = chosen_columns(options, analysis.is_sequence);
     xls::workbook book(path);
     const row_formats formats = add_row_formats(book, options);
-    sequence_clock clock = {std::nullopt, analysis.seq_displayformat};
-    if (analysis.seq_fcp_rate)
-        clock.seq_fcp_rate = analysis.seq_fcp_rate->frames_per_second;
 
     running = {};
-    const report_frame frame = {book, analysis, options, rows, switches, formats, display, clock, tags};
+    const report_frame frame = {book,    analysis,           options, rows, switches, formats,
+                                display, clock_of(analysis), tags};
     for (const sheet_writer write_sheet : writers)
         write_sheet(frame, running);
     book.close();
