@@ -108,10 +108,12 @@ void progress_sheet::redraw()
             static_cast<double>(state.value) / static_cast<double>(state.progress_bar_length);
         bar_->setValue(static_cast<int>(std::clamp(share, 0.0, 1.0) * bar_steps));
     }
+    const bool is_reading = !is_determinate && state.message.empty();
     if (cancel_button_->isEnabled())
-        message_->setText(state.message.empty() ? tr("Reading…") : qt_text(state.message));
-    const QString badge =
-        is_determinate ? qt_text(badge_text(state.value, state.progress_bar_length)) : QString();
+        message_->setText(is_reading ? tr("Reading…") : qt_text(state.message));
+    const QString badge = state.progress_bar_length > 0
+        ? qt_text(badge_text(state.value, state.progress_bar_length)) // stays while the bar spins
+        : QString();
     if (badge != badge_) {
         badge_ = badge;
         emit badge_changed(badge);

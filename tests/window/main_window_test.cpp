@@ -417,7 +417,20 @@ TEST(progress_sheet, shows_the_message_the_bar_and_the_badge)
     ASSERT_TRUE(QTest::qWaitFor([&] { return bar->maximum() == 0; }, patience));
     sheet.finish();
     EXPECT_FALSE(sheet.isVisible());
-    EXPECT_EQ(badges, (QStringList{"25%", "", ""}));
+    EXPECT_EQ(badges, (QStringList{"25%", ""})) << "the badge stays while the bar moves to and fro";
+}
+
+TEST(progress_sheet, speaks_of_reading_until_the_run_knows_its_length)
+{
+    progress_sheet sheet;
+    run_progress display;
+    sheet.follow(display, "Saving");
+    const auto* message = sheet.findChild<QLabel*>("progressMessage");
+    EXPECT_EQ(message->text(), "Reading…");
+    display.begin(100);
+    display.advance({}); // a row is written; the bar tells
+    EXPECT_TRUE(QTest::qWaitFor([&] { return message->text().isEmpty(); }, patience));
+    sheet.finish();
 }
 
 TEST(progress_sheet, asks_for_the_runs_end_once_and_waits_for_it)
