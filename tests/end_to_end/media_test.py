@@ -10,10 +10,11 @@ from pathlib import Path
 
 import xlrd
 
-from made_timelines import timeline
+from made_timelines import clip_item, document, sequence, timeline, track
 from report_runs import ReportRuns
 
 PROGRAM = sys.argv.pop(1)
+READ_BACK = Path(__file__).resolve().parents[1] / "workbook" / "read_back.py"
 WIDTH = 160
 BARS = 10  # a frame carries its number as ten bars: bar i is white when bit i is set
 TAG_HEADERS = ["Song Title", "Album", "Track #", "Year", "Musical Genre", "Authors", "Composer", "Producer"]
@@ -57,6 +58,12 @@ class Reports(ReportRuns):
     def pictures(self):
         return sorted((self.desk / "Reel 1 thumbnails").iterdir())
 
+    def places_of_pictures(self):
+        """Row and column of each picture in the workbook."""
+        lines = subprocess.run([sys.executable, READ_BACK, self.workbook], check=True, capture_output=True,
+                               text=True).stdout.splitlines()
+        return [tuple(map(int, line.split()[6:8])) for line in lines if line.startswith("shape ")]
+
     def tags(self, row):
         sheet = xlrd.open_workbook(self.workbook).sheet_by_name("All Reels")
         first = sheet.row_values(0).index(TAG_HEADERS[0])
@@ -65,14 +72,24 @@ class Reports(ReportRuns):
     def test_each_clip_gets_the_frame_at_its_in_point(self):
         make_film(self.film)
         in_points = [0, 1, 29, 30, 249 - 10, 100, 31, 100]
-        self.report(timeline([(f"Clip {i}", self.film, i) for i in in_points]), f"--thumbnails={WIDTH}",
-                    "--keep-thumbnails")
+        run = self.report(timeline([(f"Clip {i}", self.film, i) for i in in_points]), f"--thumbnails={WIDTH}",
+                          "--keep-thumbnails")
+        self.assertIn(f"The thumbnails are in {self.desk / 'Reel 1 thumbnails'}\n", run.stderr)
         self.assertEqual([number_shown(jpeg) for jpeg in self.pictures()], in_points)
         self.assertEqual(self.pictures()[0].name, "0002 Clip 0.jpg")
 
+    def test_pictures_stand_in_their_rows_and_are_numbered_by_them(self):
+        clips = [clip_item("Clip", "/none.mov", 10 * i, 0) for i in range(2)]
+        stereo = track([clip_item("Song", "/none.wav", 0, 0)]) * 2  # one row, without a picture
+        self.report(document(sequence(track(clips), stereo)), "--thumbnails", "--keep-thumbnails",
+                    "--columns", "Row Numbers,Track")
+        self.assertEqual(self.places_of_pictures(), [(2, 1), (3, 1)])
+        self.assertEqual([jpeg.name for jpeg in self.pictures()], ["0003 Clip.jpg", "0004 Clip.jpg"])
+
     def test_pictures_that_are_not_kept_leave_no_trace(self):
         make_film(self.film)
-        self.report(timeline([("Clip", self.film, 5)]), "--thumbnails")
+        run = self.report(timeline([("Clip", self.film, 5)]), "--thumbnails")
+        self.assertNotIn("thumbnails", run.stderr)
         self.assertEqual([file.name for file in self.desk.iterdir()], ["Reel 1.xls"])
         height = xlrd.open_workbook(self.workbook, formatting_info=True).sheet_by_index(0).rowinfo_map[1].height
         self.assertEqual(height, 192 * 15, "320 × 192 pixels are 144 points, 2880 twips")

@@ -95,16 +95,20 @@ TEST(assemble_rows, leaves_out_disabled_records_of_every_kind_on_request)
     analysis.video_clip_filter_array.push_back(disabled(test::filter("Off", true, "V1")));
     analysis.video_clip_motion_array.push_back(disabled(test::motion("Off", "V1")));
     analysis.video_transition_array.push_back(disabled(test::transition("Off", true, "V1")));
-    const track_ticks ticks = {{1}, {}};
+    analysis.audio_clip_data_array.push_back(disabled(test::clip("Off", "A1", 0, 9)));
+    analysis.audio_clip_marker_array.push_back(disabled(test::clip_marker("Off", "A1", 0)));
+    analysis.audio_clip_filter_array.push_back(disabled(test::filter("Off", true, "A1")));
+    analysis.audio_transition_array.push_back(disabled(test::transition("Off", true, "A1")));
+    const track_ticks ticks = {{1}, {1}};
     const auto all = assemble_rows(analysis, ticks, false, false);
     const auto enabled = assemble_rows(analysis, ticks, true, false);
-    EXPECT_EQ(all.clip_data_array.size(), 4U);
-    EXPECT_EQ(enabled.clip_data_array.size(), 2U);
-    EXPECT_EQ(enabled.clip_markers.size(), 1U);
-    EXPECT_EQ(enabled.generators.size(), 1U);
-    EXPECT_EQ(enabled.filters.size(), 1U);
-    EXPECT_EQ(enabled.motion.size(), 1U);
-    EXPECT_EQ(enabled.transitions.size(), 1U);
+    EXPECT_EQ(all.clip_data_array.size(), 6U);
+    EXPECT_THAT(named(enabled.clip_data_array), ElementsAre("A1 Sound", "V1 Shot", "V1 Slug"));
+    EXPECT_THAT(tracks_of(enabled.clip_markers), ElementsAre("A1", "V1"));
+    EXPECT_THAT(tracks_of(enabled.generators), ElementsAre("V1"));
+    EXPECT_THAT(tracks_of(enabled.filters), ElementsAre("A1", "V1"));
+    EXPECT_THAT(tracks_of(enabled.motion), ElementsAre("V1"));
+    EXPECT_THAT(tracks_of(enabled.transitions), ElementsAre("A1", "V1"));
 }
 
 TEST(assemble_rows, counts_as_enabled_only_what_says_exactly_so)
@@ -132,6 +136,15 @@ TEST(assemble_rows, lists_a_generator_among_the_clips_and_among_the_generators)
     EXPECT_EQ(row.type, "Slug");
     EXPECT_EQ(row.enabled, "FALSE");
     EXPECT_EQ(row.notes.label, std::nullopt);
+}
+
+TEST(assemble_rows, leaves_out_generators_on_audio_tracks)
+{
+    auto analysis = test::sequence_at_25();
+    analysis.generatoritem_array = {test::generator("Tone", "A1", 0, 9)};
+    const auto rows = assemble_rows(analysis, {{1}, {1}}, false, false);
+    EXPECT_THAT(rows.generators, IsEmpty());
+    EXPECT_THAT(rows.clip_data_array, IsEmpty());
 }
 
 TEST(assemble_rows, keeps_the_rows_of_generators_when_it_is_moved)

@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace tallyframe {
 namespace {
 
@@ -49,6 +51,22 @@ TEST(sheet_set, has_both_marker_sheets_under_one_option)
         sheet_set(options, true),
         ElementsAre(report_sheet::all_reels, report_sheet::sequence_markers, report_sheet::clip_markers));
     EXPECT_THAT(sheet_set(options, false), ElementsAre(report_sheet::all_reels, report_sheet::clip_markers));
+}
+
+TEST(sheet_set, has_titles_and_effects_under_an_option_each)
+{
+    const std::pair<bool report_options::*, report_sheet> sheets[] = {
+        {&report_options::generators_sheet, report_sheet::graphics_and_titles},
+        {&report_options::transitions_sheet, report_sheet::transitions},
+        {&report_options::filters_sheet, report_sheet::filters},
+        {&report_options::motion_sheet, report_sheet::motion_effects},
+    };
+    for (const auto& [option, sheet] : sheets) {
+        auto options = nothing_but_clips();
+        options.*option = true;
+        for (const bool is_sequence : {true, false})
+            EXPECT_THAT(sheet_set(options, is_sequence), ElementsAre(report_sheet::all_reels, sheet));
+    }
 }
 
 TEST(sheet_set, has_the_reels_summary_under_the_option_of_the_reel_sheets)

@@ -11,7 +11,9 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <set>
 #include <sstream>
+#include <string>
 
 namespace tallyframe {
 namespace {
@@ -72,6 +74,20 @@ report_options without_extra_sheets()
     return options;
 }
 
+/// The colours of a sheet's rows, sorted; headers and cells without a format have none.
+std::set<std::string> row_colors(const test::sheet_content& sheet)
+{
+    std::set<std::string> colors;
+    for (const auto& [place, cell] : sheet.cells) {
+        std::istringstream look(cell.look);
+        std::string color;
+        look >> color >> color >> color >> color; // the fourth word, after font, size and weight
+        if (color != "auto")
+            colors.insert(color);
+    }
+    return colors;
+}
+
 std::string bytes_of(const std::filesystem::path& file)
 {
     std::ostringstream bytes;
@@ -93,6 +109,24 @@ TEST(save_excel, freezes_the_first_row_of_every_sheet)
     report_run run;
     for (const auto& sheet : run.saved().sheets)
         EXPECT_EQ(sheet.frozen, std::pair(1, 0)) << sheet.name;
+}
+
+TEST(save_excel, writes_the_rows_of_every_sheet_in_the_chosen_colours)
+{
+    report_run run;
+    run.options.video_row_color = "purple";
+    run.options.audio_row_color = "yellow";
+    run.options.marker_row_color = "red";
+    const auto book = run.saved();
+    EXPECT_THAT(row_colors(book.sheet("All Reels")), ElementsAre("purple", "yellow"));
+    EXPECT_THAT(row_colors(book.sheet("Sequence Markers")), ElementsAre("red"));
+    EXPECT_THAT(row_colors(book.sheet("Clip Markers")), ElementsAre("red"));
+    EXPECT_THAT(row_colors(book.sheet("Graphics & Titles")), ElementsAre("purple"));
+    EXPECT_THAT(row_colors(book.sheet("Transitions")), ElementsAre("purple", "yellow"));
+    EXPECT_THAT(row_colors(book.sheet("Motion Effects")), ElementsAre("purple"));
+    EXPECT_THAT(row_colors(book.sheet("Files Summary")), ElementsAre("black"));
+    EXPECT_THAT(row_colors(book.sheet("Reels Summary")), ElementsAre("black"));
+    EXPECT_THAT(row_colors(book.sheet("#1 A001")), ElementsAre("black", "purple"));
 }
 
 TEST(save_excel, writes_for_bins_what_bins_have)
