@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <optional>
 
 namespace tallyframe::cli {
 
@@ -343,40 +344,32 @@ std::string help_text(const CLI::App& app)
     return text;
 }
 
-} // namespace
-
-request parse_arguments(const std::vector<std::string>& arguments)
+CLI::App* add_list_command(CLI::App& app, list_request& request)
 {
-    CLI::App app;
-    describe(app);
-    request result;
-    list_request list_flags;
-    report_request report_flags;
-    raw_report_flags raw;
-
     CLI::App* list =
         app.add_subcommand("list", "Show what a document offers to report: its bins and sequences");
-    list->add_option("FILE.xml", list_flags.document, "The exported timeline")->required()->option_text(" ");
-    list->add_flag("--json", list_flags.json, "As JSON, for scripts");
+    list->add_option("FILE.xml", request.document, "The exported timeline")->required()->option_text(" ");
+    list->add_flag("--json", request.json, "As JSON, for scripts");
     list->footer("The number in front is what `report --item` takes, the identifier at the end what\n"
                  "`report --sequence` takes.");
+    return list;
+}
 
+CLI::App* add_report_command(CLI::App& app, raw_report_flags& raw, report_request& request)
+{
     CLI::App* report =
         app.add_subcommand("report", "Write the workbook of a sequence, or of the clips in the bins");
-    report->add_option("FILE.xml", report_flags.document, "The exported timeline")
-        ->required()
-        ->option_text(" ");
+    report->add_option("FILE.xml", request.document, "The exported timeline")->required()->option_text(" ");
     report
-        ->add_option("-o,--output", report_flags.output,
+        ->add_option("-o,--output", request.output,
                      "The workbook, or the folder for it (FILE.xls in the current folder)")
         ->option_text("REPORT.xls");
     add_item_flags(*report, raw);
-    add_content_flags(*report, raw, report_flags.options);
-    add_sheet_flags(*report, report_flags.options);
-    add_media_flags(*report, raw, report_flags);
-    report->add_flag("--quiet", report_flags.quiet, "No diagnostics on standard output")->group("Output");
-    report->add_flag("--progress", report_flags.progress, "A progress line on standard error")
-        ->group("Output");
+    add_content_flags(*report, raw, request.options);
+    add_sheet_flags(*report, request.options);
+    add_media_flags(*report, raw, request);
+    report->add_flag("--quiet", request.quiet, "No diagnostics on standard output")->group("Output");
+    report->add_flag("--progress", request.progress, "A progress line on standard error")->group("Output");
     report->footer("Without --item, --sequence, --bins or --all the document's only entry is reported.\n"
                    "Lists are separated by commas; quote those that hold blanks.\n\n"
                    "Examples:\n"
@@ -384,24 +377,44 @@ request parse_arguments(const std::vector<std::string>& arguments)
                    "  tallyframe report CUT.xml --item 3 --tracks V1,V2 -o picture.xls\n"
                    "  tallyframe report CUT.xml --timeline-columns Timecode,Feet+Frames --enabled-only\n"
                    "  tallyframe report CUT.xml --thumbnails --media-map /Volumes/Media=/mnt/media");
+    return report;
+}
 
-    app.add_subcommand("help", "Show how a command is used: `tallyframe help report`");
-
+/// Reads the arguments into what the commands were given to fill. Returns the version or the help, when that
+/// is what they ask for.
+std::optional<std::string> parse(CLI::App& app, const std::vector<std::string>& arguments)
+{
     try {
         app.parse(in_the_parsers_form(arguments));
     } catch (const CLI::CallForVersion& version) {
-        result.text = std::string(version.what()) + "\n";
-        return result;
+        return std::string(version.what()) + "\n";
     } catch (const CLI::CallForHelp&) {
         const auto chosen = app.get_subcommands();
-        result.text = help_text(chosen.empty() ? app : *chosen.front());
-        return result;
+        return help_text(chosen.empty() ? app : *chosen.front());
     } catch (const CLI::ParseError& error) {
         throw usage_error(fmt::format(
             "{}\n`tallyframe help` and `tallyframe help report` show how it is used.", error.what()));
     }
+    return std::nullopt;
+}
 
-    if (list->parsed()) {
+} // namespace
+
+request parse_arguments(const std::vector<std::string>& arguments)
+{
+    CLI::App app;
+    describe(app);
+    list_request list_flags;
+    const CLI::App* list = add_list_command(app, list_flags);
+    report_request report_flags;
+    raw_report_flags raw;
+    const CLI::App* report = add_report_command(app, raw, report_flags);
+    app.add_subcommand("help", "Show how a command is used: `tallyframe help report`");
+
+    request result;
+    if (std::optional<std::string> text = parse(app, arguments)) {
+        result.text = std::move(*text);
+    } else if (list->parsed()) {
         result.list = std::move(list_flags);
     } else if (report->parsed()) {
         fill_in(*report, raw, report_flags);
