@@ -16,6 +16,8 @@
 #include <fmt/ostream.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <system_error>
 
 namespace tallyframe::cli {
 
@@ -36,6 +38,16 @@ struct run_state {
     report_session session;
 };
 
+/// Throws failure when the text cannot be written. A reader that wants no more of it (`| head`) is content.
+void print(std::ostream& out, std::string_view text)
+{
+    errno = 0;
+    out << text << std::flush;
+    if (!out && errno != EPIPE)
+        throw failure(
+            fmt::format("The output could not be written: {}", std::generic_category().message(errno)));
+}
+
 int list_menu(const list_request& request, std::ostream& out, std::ostream& err)
 {
     run_state state(out, err, true, false);
@@ -43,10 +55,7 @@ int list_menu(const list_request& request, std::ostream& out, std::ostream& err)
     const std::vector<catalogue_entry>& menu = state.session.menu;
     if (menu.empty())
         err << empty_menu_sentence(request.document.string());
-    if (request.json)
-        out << menu_as_json(menu);
-    else
-        out << menu_as_table(menu);
+    print(out, request.json ? menu_as_json(menu) : menu_as_table(menu));
     return done;
 }
 
@@ -131,7 +140,7 @@ int report(const report_request& request, std::ostream& out, std::ostream& err)
 
     report_media media({request.options.inpoint_thumbnail_jpegs, request.options.keep_thumbnails,
                         request.media_map, request.media_search},
-                       state.diagnostic_output);
+                       state.diagnostic_output, state.display);
     const std::vector<catalogue_entry> entries = chosen_entries(request.item, menu);
     if (request.item.by == item_choice::kind::all) {
         report_paths paths(request.document, request.output);
@@ -190,7 +199,7 @@ int run_request(const request& request, std::ostream& out, std::ostream& err)
         return list_menu(*request.list, out, err);
     if (request.report)
         return report(*request.report, out, err);
-    out << request.text;
+    print(out, request.text);
     return done;
 }
 

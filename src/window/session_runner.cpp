@@ -90,7 +90,7 @@ void session_runner::save(const std::filesystem::path& workbook, const report_op
 {
     start(
         [this, workbook, options, media](run_outcome&) {
-            report_media looked_at(media, out_);
+            report_media looked_at(media, out_, *display_);
             std::optional<thumbnail_folder> folder = looked_at.folder_for(workbook);
             const media_services services = looked_at.services(folder);
             desktop_workspace desktop;

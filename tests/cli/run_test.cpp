@@ -113,6 +113,16 @@ TEST(list, shows_position_title_and_identifier_of_each_entry)
     EXPECT_EQ(result.err, "");
 }
 
+TEST(list, fails_when_it_cannot_be_written)
+{
+    const scratch_folder folder;
+    write_file("cut.xml", one_sequence);
+    std::ofstream full_disk("/dev/full");
+    std::ostringstream err;
+    EXPECT_EQ(run({"list", "cut.xml"}, full_disk, err), failed);
+    EXPECT_EQ(err.str(), "tallyframe: The output could not be written: No space left on device\n");
+}
+
 TEST(list, writes_json_with_the_separator_in_its_place)
 {
     const scratch_folder folder;

@@ -68,8 +68,9 @@ std::optional<std::string> below(const std::string& path, const std::string& fol
 } // namespace
 
 mapped_media::mapped_media(std::vector<media_mapping> mappings,
-                           std::vector<std::filesystem::path> search_folders, diagnostics& out)
-    : mappings_(std::move(mappings)), search_folders_(std::move(search_folders)), out_(out)
+                           std::vector<std::filesystem::path> search_folders, diagnostics& out,
+                           progress& display)
+    : mappings_(std::move(mappings)), search_folders_(std::move(search_folders)), out_(out), display_(display)
 {
     for (media_mapping& mapping : mappings_) {
         strip_last_slashes(mapping.from);
@@ -127,21 +128,28 @@ std::optional<std::filesystem::path> mapped_media::find_by_name(const std::strin
 
 void mapped_media::list_search_folders()
 {
+    for (const std::filesystem::path& folder : search_folders_)
+        list_files(folder);
+    display_.show_message({});
+}
+
+void mapped_media::list_files(const std::filesystem::path& folder)
+{
     namespace fs = std::filesystem;
-    for (const fs::path& folder : search_folders_) {
-        std::vector<fs::path> files;
-        std::error_code error;
-        fs::recursive_directory_iterator entry(folder, fs::directory_options::skip_permission_denied, error);
-        for (; !error && entry != fs::recursive_directory_iterator(); entry.increment(error)) {
-            if (is_readable_file(entry->path()))
-                files.push_back(entry->path());
-        }
-        if (error)
-            log(out_, "media: cannot search " + folder.string() + ": " + error.message());
-        std::sort(files.begin(), files.end());
-        for (fs::path& file : files)
-            files_by_name_[one_spelling(file.filename().string())].push_back(std::move(file));
+    const std::string message = "Searching " + folder.string();
+    std::vector<fs::path> files;
+    std::error_code error;
+    fs::recursive_directory_iterator entry(folder, fs::directory_options::skip_permission_denied, error);
+    for (; !error && entry != fs::recursive_directory_iterator(); entry.increment(error)) {
+        display_.show_message(message);
+        if (is_readable_file(entry->path()))
+            files.push_back(entry->path());
     }
+    if (error)
+        log(out_, "media: cannot search " + folder.string() + ": " + error.message());
+    std::sort(files.begin(), files.end());
+    for (fs::path& file : files)
+        files_by_name_[one_spelling(file.filename().string())].push_back(std::move(file));
 }
 
 } // namespace tallyframe

@@ -3,6 +3,7 @@
 
 #include "platform/diagnostics.h"
 #include "platform/media_locator.h"
+#include "platform/progress.h"
 
 #include <filesystem>
 #include <optional>
@@ -24,10 +25,13 @@ struct media_mapping {
 /// (and all below them) a file is known by its name; of several with one name it is the one below as many of
 /// the same parent folders as possible, and of those the first, in the order of the folders and of their
 /// paths. What is found elsewhere than the document says is logged. Each path is looked for once.
+///
+/// The folders are read when the first path is not where it should be. As that may take minutes, `display`
+/// tells the folder meanwhile and may stop the run.
 class mapped_media final : public media_locator {
 public:
     mapped_media(std::vector<media_mapping> mappings, std::vector<std::filesystem::path> search_folders,
-                 diagnostics& out);
+                 diagnostics& out, progress& display);
 
     std::optional<std::filesystem::path> locate(const std::string& path) override;
 
@@ -36,10 +40,12 @@ private:
     std::optional<std::filesystem::path> find_mapped(const std::string& path) const;
     std::optional<std::filesystem::path> find_by_name(const std::string& path);
     void list_search_folders();
+    void list_files(const std::filesystem::path& folder);
 
     std::vector<media_mapping> mappings_;
     std::vector<std::filesystem::path> search_folders_;
     diagnostics& out_;
+    progress& display_;
     std::unordered_map<std::string, std::optional<std::filesystem::path>> found_;
     bool is_listed_ = false;
     std::unordered_map<std::string, std::vector<std::filesystem::path>> files_by_name_;

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/media_tools/report_media.h"
 
-#include "platform/media_tools/tag_readers.h"
 #include "platform/media_tools/thumbnailer_module.h"
 
 namespace tallyframe {
 
-report_media::report_media(const media_choice& choice, diagnostics& out)
+report_media::report_media(const media_choice& choice, diagnostics& out, progress& display)
     : wants_pictures_(choice.wants_pictures), keeps_pictures_(choice.keeps_pictures),
-      locator_(choice.map, choice.search, out), tags_(tag_reader_of_this_system()),
+      locator_(choice.map, choice.search, out, display), tags_(tag_reader_of_this_system()),
       pictures_(wants_pictures_ ? load_thumbnailer(out) : nullptr)
 {
 }
@@ -22,7 +21,7 @@ std::optional<thumbnail_folder> report_media::folder_for(const std::filesystem::
 
 media_services report_media::services(std::optional<thumbnail_folder>& folder)
 {
-    return {locator_, *tags_, pictures_.get(), folder ? &*folder : nullptr};
+    return {locator_, tags_, pictures_.get(), folder ? &*folder : nullptr};
 }
 
 } // namespace tallyframe

@@ -4,6 +4,7 @@
 #include "platform/diagnostics.h"
 #include "platform/media_services.h"
 #include "platform/media_tools/mapped_media.h"
+#include "platform/media_tools/tag_readers.h"
 
 #include <filesystem>
 #include <memory>
@@ -23,8 +24,8 @@ struct media_choice {
 /// What a host looks at media files with, for one report or several of one document.
 class report_media {
 public:
-    /// `out` must outlive it. Throws failure when pictures are wanted and cannot be made here.
-    report_media(const media_choice& choice, diagnostics& out);
+    /// `out` and `display` must outlive it. Throws failure when pictures are wanted and cannot be made here.
+    report_media(const media_choice& choice, diagnostics& out, progress& display);
 
     /// The folder for the pictures of the report at `workbook`; nothing when none are wanted. Its owner's end
     /// is its own, unless the pictures are kept.
@@ -37,7 +38,7 @@ private:
     bool wants_pictures_;
     bool keeps_pictures_;
     mapped_media locator_;
-    std::unique_ptr<audio_tag_reader> tags_;
+    remembered_tags tags_;
     std::unique_ptr<thumbnailer> pictures_;
 };
 

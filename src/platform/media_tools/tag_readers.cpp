@@ -70,6 +70,14 @@ std::string mdls_tag_reader::raw_tags(const std::filesystem::path& file)
     return output_of(program_, arguments, limits_).value_or("");
 }
 
+std::string remembered_tags::raw_tags(const std::filesystem::path& file)
+{
+    const auto [entry, is_new] = by_file_.try_emplace(file.string());
+    if (is_new)
+        entry->second = reader_->raw_tags(file);
+    return entry->second;
+}
+
 std::unique_ptr<audio_tag_reader> tag_reader_of_this_system()
 {
     if (auto program = program_on_path("mdls"))

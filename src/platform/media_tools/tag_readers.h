@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <utility>
 
 namespace tallyframe {
@@ -30,6 +31,18 @@ public:
 private:
     std::filesystem::path program_;
     output_limits limits_;
+};
+
+/// Asks another reader once for each file, however many reports of a run need it.
+class remembered_tags final : public audio_tag_reader {
+public:
+    explicit remembered_tags(std::unique_ptr<audio_tag_reader> reader) : reader_(std::move(reader)) { }
+
+    std::string raw_tags(const std::filesystem::path& file) override;
+
+private:
+    std::unique_ptr<audio_tag_reader> reader_;
+    std::unordered_map<std::string, std::string> by_file_;
 };
 
 /// The system's index where it has one (`mdls` on the PATH), the files themselves elsewhere.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/media_tools/mapped_media.h"
+#include "support/counting_progress.h"
 #include "support/kept_text.h"
 #include "support/temporary_folder.h"
 
@@ -18,6 +19,7 @@ protected:
     std::string place(const std::string& path) const { return (folder_.path() / path).string(); }
 
     kept_text out_;
+    counting_progress display_;
 
 private:
     temporary_folder folder_;
@@ -25,7 +27,7 @@ private:
 
 TEST_F(mapped_media_, finds_a_file_where_the_document_says)
 {
-    mapped_media media({}, {}, out_);
+    mapped_media media({}, {}, out_, display_);
     const auto clip = file("clip.mov");
     EXPECT_EQ(media.locate(clip.string()), clip);
     EXPECT_EQ(media.locate(place("other.mov")), std::nullopt);
@@ -34,7 +36,7 @@ TEST_F(mapped_media_, finds_a_file_where_the_document_says)
 
 TEST_F(mapped_media_, counts_only_regular_files_that_can_be_read)
 {
-    mapped_media media({}, {}, out_);
+    mapped_media media({}, {}, out_, display_);
     std::filesystem::create_directories(place("folder.mov"));
     EXPECT_EQ(media.locate(place("folder.mov")), std::nullopt);
     ASSERT_EQ(mkfifo(place("pipe.mov").c_str(), 0600), 0);
@@ -51,18 +53,18 @@ TEST_F(mapped_media_, looks_under_the_mapping_with_the_longest_prefix_first)
     const auto general = file("disk/Day 1/clip.mov");
     const auto special = file("other/clip.mov");
     mapped_media media({{"/Volumes/Media", place("disk")}, {"/Volumes/Media/Day 1/", place("other/")}}, {},
-                       out_);
+                       out_, display_);
     EXPECT_EQ(media.locate("/Volumes/Media/Day 1/clip.mov"), special);
     std::filesystem::remove(special);
     mapped_media again({{"/Volumes/Media", place("disk")}, {"/Volumes/Media/Day 1", place("other")}}, {},
-                       out_);
+                       out_, display_);
     EXPECT_EQ(again.locate("/Volumes/Media/Day 1/clip.mov"), general) << "and then under the shorter ones";
 }
 
 TEST_F(mapped_media_, maps_whole_folder_names_only)
 {
     file("disk/B/clip.mov");
-    mapped_media media({{"/Volumes/Media", place("disk")}}, {}, out_);
+    mapped_media media({{"/Volumes/Media", place("disk")}}, {}, out_, display_);
     EXPECT_EQ(media.locate("/Volumes/MediaB/clip.mov"), std::nullopt);
     EXPECT_EQ(media.locate("/Volumes/Media"), std::nullopt);
     EXPECT_NE(media.locate("/Volumes/Media/B/clip.mov"), std::nullopt);
@@ -71,7 +73,7 @@ TEST_F(mapped_media_, maps_whole_folder_names_only)
 TEST_F(mapped_media_, maps_the_root_and_the_letters_of_drives)
 {
     const auto clip = file("disk/Media/clip.mov");
-    mapped_media media({{"/", place("disk")}, {"/C:", place("disk")}}, {}, out_);
+    mapped_media media({{"/", place("disk")}, {"/C:", place("disk")}}, {}, out_, display_);
     EXPECT_EQ(media.locate("/Media/clip.mov"), clip);
     EXPECT_EQ(media.locate("/C:/Media/clip.mov"), clip);
 }
@@ -81,7 +83,7 @@ TEST_F(mapped_media_, searches_folders_by_name_and_by_the_parents_that_agree)
     const auto day1 = file("search/Day 1/A/clip.mov");
     const auto day2 = file("search/Day 2/A/clip.mov");
     const auto only = file("search/deep/er/only.mov");
-    mapped_media media({}, {place("search")}, out_);
+    mapped_media media({}, {place("search")}, out_, display_);
     EXPECT_EQ(media.locate("/Volumes/X/Day 2/A/clip.mov"), day2);
     EXPECT_EQ(media.locate("/Volumes/X/Day 1/A/clip.mov"), day1);
     EXPECT_EQ(media.locate("/Volumes/X/only.mov"), only);
@@ -93,23 +95,23 @@ TEST_F(mapped_media_, takes_the_first_folder_and_path_when_nothing_else_decides)
     const auto in_second = file("second/clip.mov");
     const auto later = file("first/b/clip.mov");
     const auto sooner = file("first/a/clip.mov");
-    mapped_media media({}, {place("first"), place("second")}, out_);
+    mapped_media media({}, {place("first"), place("second")}, out_, display_);
     EXPECT_EQ(media.locate("/Volumes/X/clip.mov"), sooner);
-    mapped_media turned({}, {place("second"), place("first")}, out_);
+    mapped_media turned({}, {place("second"), place("first")}, out_, display_);
     EXPECT_EQ(turned.locate("/Volumes/X/clip.mov"), in_second);
 }
 
 TEST_F(mapped_media_, knows_accented_names_in_both_spellings)
 {
     const auto decomposed = file("search/Zoe\xCC\x88.wav");
-    mapped_media media({}, {place("search")}, out_);
+    mapped_media media({}, {place("search")}, out_, display_);
     EXPECT_EQ(media.locate("/Music/Zo\xC3\xAB.wav"), decomposed);
 }
 
 TEST_F(mapped_media_, logs_once_what_it_finds_elsewhere)
 {
     const auto clip = file("search/clip.mov");
-    mapped_media media({}, {place("search")}, out_);
+    mapped_media media({}, {place("search")}, out_, display_);
     media.locate("/Volumes/X/clip.mov");
     media.locate("/Volumes/X/clip.mov");
     EXPECT_EQ(out_.text(), "\"media: /Volumes/X/clip.mov is " + clip.string() + "\"\n");
@@ -117,9 +119,33 @@ TEST_F(mapped_media_, logs_once_what_it_finds_elsewhere)
 
 TEST_F(mapped_media_, says_which_folder_it_cannot_search)
 {
-    mapped_media media({}, {place("nowhere")}, out_);
+    mapped_media media({}, {place("nowhere")}, out_, display_);
     EXPECT_EQ(media.locate("/Volumes/X/clip.mov"), std::nullopt);
     EXPECT_NE(out_.text().find("cannot search " + place("nowhere")), std::string::npos);
+}
+
+TEST_F(mapped_media_, tells_the_folder_that_it_searches)
+{
+    file("search/day 1/other.mov");
+    mapped_media media({}, {place("search")}, out_, display_);
+    EXPECT_TRUE(display_.messages.empty());
+    media.locate("/Volumes/X/clip.mov");
+    const std::string message = "Searching " + place("search");
+    EXPECT_EQ(display_.messages, (std::vector<std::string>{message, message, ""}));
+}
+
+TEST_F(mapped_media_, can_be_stopped_while_it_searches)
+{
+    class stopping_progress final : public progress {
+        void begin(std::int64_t) override { }
+        void advance(std::string_view) override { }
+        void show_message(std::string_view) override { throw run_cancelled(); }
+        void spin(std::string_view) override { }
+        void end() override { }
+    } stopped;
+    file("search/other.mov");
+    mapped_media media({}, {place("search")}, out_, stopped);
+    EXPECT_THROW(media.locate("/Volumes/X/clip.mov"), run_cancelled);
 }
 
 } // namespace

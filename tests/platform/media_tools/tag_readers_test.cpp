@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <fstream>
+#include <iterator>
 
 using namespace tallyframe;
 using namespace tallyframe::testing_support;
@@ -135,6 +137,19 @@ TEST(mdls_tag_reader, knows_nothing_when_the_tool_prints_nothing_or_fails)
     const output_limits short_limit = {.time = std::chrono::milliseconds(100), .bytes = 100};
     EXPECT_EQ(mdls_tag_reader(stand_in(folder.path() / "slow", "sleep 20\n"), short_limit).raw_tags("/a"),
               "");
+}
+
+TEST(remembered_tags, asks_once_for_each_file)
+{
+    const temporary_folder folder;
+    const auto asked = folder.path() / "asked";
+    remembered_tags reader(std::make_unique<mdls_tag_reader>(
+        stand_in(folder.path() / "mdls",
+                 "for last do :; done\necho \"$last\" >>" + asked.string() + "\nprintf '%s' \"$last\"\n")));
+    for (const char* song : {"/a.mp3", "/b.mp3", "/a.mp3"})
+        EXPECT_EQ(reader.raw_tags(song), song);
+    std::ifstream lines(asked);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(lines), {}), "/a.mp3\n/b.mp3\n");
 }
 
 TEST(tag_reader_of_this_system, uses_mdls_where_there_is_one)

@@ -50,7 +50,8 @@ protected:
 
 private:
     kept_text out_;
-    mapped_media locator_{{}, {}, out_};
+    no_progress display_;
+    mapped_media locator_{{}, {}, out_, display_};
     ffmpeg_thumbnailer pictures_{resource_folder(), out_};
     temporary_folder folder_;
     thumbnail_run run_{pictures_, locator_, out_, folder_.path(), 320, {}, {}, {}};
