@@ -2,6 +2,7 @@
 #include "analysis/analysis_walk.h"
 
 #include "analysis/frame_numbers.h"
+#include "document/text_values.h"
 #include "platform/failures.h"
 
 namespace tallyframe {
@@ -42,7 +43,7 @@ std::string description_of(const track_context& track, xml_node item)
     if (kind.ends_with("item")) // clipitem, generatoritem, transitionitem
         kind.resize(kind.size() - 4);
     const auto name = item.text_of("name");
-    return (name ? "The " + kind + " \"" + *name + '"' : "A " + kind + " without a name") + " on track "
+    return (name ? "The " + kind + ' ' + in_quotes(*name) : "A " + kind + " without a name") + " on track "
         + track.label;
 }
 

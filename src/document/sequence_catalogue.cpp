@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "document/sequence_catalogue.h"
 
+#include "document/text_values.h"
 #include "platform/failures.h"
 
 namespace tallyframe {
@@ -24,7 +25,7 @@ std::vector<catalogue_entry> sequence_catalogue(const document_index& index)
     for (const xml_node uuid : index.sequence_uuids) {
         auto title = uuid.parent().text_of("name");
         if (!title)
-            throw load_error("The sequence \"" + uuid.text() + "\" has no name.");
+            throw load_error("The sequence " + in_quotes(uuid.text()) + " has no name.");
         titles_size += title->size();
         if (titles_size > titles_limit)
             throw load_error(

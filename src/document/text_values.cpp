@@ -50,6 +50,12 @@ char upper_cased(char letter)
     return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
 }
 
+/// Whether a byte of UTF-8 goes on with the character of the byte before it.
+bool is_inside_character(char byte)
+{
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
+
 } // namespace
 
 std::int64_t leading_integer(std::string_view text)
@@ -116,6 +122,17 @@ std::string with_quotes_escaped(std::string_view text)
     }
     escaped += text;
     return escaped;
+}
+
+std::string in_quotes(std::string_view name)
+{
+    constexpr std::size_t longest = 100;
+    if (name.size() <= longest)
+        return '"' + std::string(name) + '"';
+    std::size_t end = longest;
+    while (end > 0 && is_inside_character(name[end]))
+        --end;
+    return '"' + std::string(name.substr(0, end)) + "…\"";
 }
 
 } // namespace tallyframe

@@ -29,4 +29,8 @@ std::string upper_cased(std::string_view text);
 /// `text` with every double quote replaced by "&quot;".
 std::string with_quotes_escaped(std::string_view text);
 
+/// A name of the document as the sentence of a failure tells it: in double quotes, and of a long one only the
+/// first 100 bytes or less, up to a whole character, with "…" behind.
+std::string in_quotes(std::string_view name);
+
 } // namespace tallyframe

@@ -51,11 +51,11 @@ std::string description_of(xml_node marker)
 {
     std::string text = "A marker";
     if (const auto name = marker.text_of("name"))
-        text = "The marker \"" + *name + "\"";
+        text = "The marker " + in_quotes(*name);
     const xml_node owner = marker.parent();
     text += " of the " + std::string(owner.name());
     if (const auto owner_name = owner.text_of("name"))
-        text += " \"" + *owner_name + "\"";
+        text += ' ' + in_quotes(*owner_name);
     return text;
 }
 
