@@ -19,7 +19,8 @@ std::string required_text(xml_node sequence, std::string_view path)
     if (auto text = sequence.text_of(path))
         return std::move(*text);
     const auto name = sequence.text_of("name");
-    throw analysis_error("The sequence " + (name ? in_quotes(*name) + ' ' : "") + "has no \"" + std::string(path)
+    throw analysis_error("The sequence " + (name ? in_quotes(*name) + ' ' : "") + "has no \""
+                         + std::string(path)
                          + "\" element. Export it again from the program that it was cut in.");
 }
 
