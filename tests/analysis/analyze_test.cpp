@@ -116,6 +116,13 @@ TEST(analyze, describes_every_track_whatever_the_scope)
     EXPECT_EQ(result.audio_tracks[0].label, "A1");
 }
 
+TEST(analyze, joins_a_track_name_with_a_blank_even_an_empty_one)
+{
+    const analysis_result result = analysis_of(
+        xmeml().sequence("Reel 1").audio_track({clip("A")}, {.attributes = R"(MZ.TrackName="")"}));
+    EXPECT_EQ(result.audio_clip_data_array.at(0).track_name, " ");
+}
+
 TEST(analyze, keeps_one_audio_track_of_an_exploded_group)
 {
     const analysis_result result =
@@ -325,6 +332,26 @@ TEST_F(nested_sequences, that_hold_themselves_end)
     const analysis_result result = analysis_of(
         premiere().video_track({clip("me").without_file().with(cycle), clip("other").at(50, 60)}));
     EXPECT_THAT(names_of(result.video_clip_data_array), ElementsAre("me", "other"));
+}
+
+TEST_F(nested_sequences, that_hold_the_whole_take_the_file_that_its_first_clip_has_taken)
+{
+    const std::string inner =
+        nested("sequence-2", in_video_track(clip("inner").file({.path = "/inner.mov"}).text()));
+    const analysis_result result = analysis_of(premiere().video_track(
+        {clip("Scene 5").without_file().with(inner), clip("other").at(50, 60).file({.path = "/other.mov"}),
+         clip("me").at(60, 90).without_file().with(nested("sequence-1", ""))}));
+    ASSERT_THAT(names_of(result.video_clip_data_array), ElementsAre("Scene 5", "other", "me"));
+    EXPECT_EQ(result.video_clip_data_array[2].path, "/inner.mov");
+}
+
+TEST_F(nested_sequences, with_a_double_quote_in_their_id_are_never_found)
+{
+    const std::string inner =
+        R"(<sequence id='sequence "2"'>)" + in_video_track(clip("inner").text()) + "</sequence>";
+    const analysis_result result =
+        analysis_of(premiere().video_track({clip("Scene 5").without_file().with(inner)}));
+    EXPECT_THAT(result.video_clip_data_array, IsEmpty());
 }
 
 TEST_F(nested_sequences, take_no_file_in_final_cut_pro)

@@ -118,6 +118,9 @@ TEST(clip_markers, are_listed_once)
     const analysis_result result =
         video_track({clip("A").marker("m", 5).marker("n", 6).marker("m", 5).marker("m", 5, 7)});
     EXPECT_THAT(names_of(result.video_clip_marker_array), ElementsAre("m", "n", "m"));
+    EXPECT_EQ(analysis_of(xmeml().sequence("Reel 1").audio_track({clip("A").marker("m", 5).marker("m", 5)}))
+                  .audio_clip_marker_array.size(),
+              1U);
 }
 
 TEST(clip_markers, that_differ_in_one_field_all_stay)

@@ -100,6 +100,15 @@ TEST(sequence_header, takes_no_ntsc_for_false)
     EXPECT_EQ(document.result.seq_fcp_rate, (frame_rate{24, false}));
 }
 
+TEST(sequence_header, takes_the_rate_of_the_timecode)
+{
+    const analyzed_document document(
+        sequence_with("<name>x</name><duration>1</duration>"
+                      "<rate><timebase>25</timebase><ntsc>FALSE</ntsc></rate><timecode><rate>"
+                      "<timebase> 3e1 </timebase><ntsc>TRUE</ntsc></rate><frame>0</frame></timecode>"));
+    EXPECT_EQ(document.result.seq_fcp_rate, (frame_rate{29.97, true}));
+}
+
 TEST(sequence_header, refuses_a_rate_that_it_does_not_know)
 {
     constexpr const char* message = "This sequence has no timebase";

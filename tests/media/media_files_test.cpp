@@ -87,6 +87,7 @@ TEST(media_files, takes_a_known_rate_from_the_table)
     const file_record record = file_record_of(file(rate("30", "True")));
     EXPECT_EQ(record.fcp_rate, rate_2997);
     EXPECT_EQ(record.type, "NTSC/HD (29.97 fps)");
+    EXPECT_EQ(file_record_of(file("<rate><timebase>30</timebase></rate>")).type, "Video/HD (30 fps)");
 }
 
 TEST(media_files, computes_an_unknown_rate)
@@ -157,6 +158,20 @@ TEST(media_files, reads_the_first_timecode_as_frames)
     EXPECT_EQ(file_record_of(file("<name/>")).timecode_frame, 0);
 }
 
+TEST(media_files, counts_the_text_of_a_timecode_by_timebase_and_display_format)
+{
+    const auto first_frame = [](std::string_view timebase, std::string_view displayformat) {
+        return file_record_of(file(rate(timebase, "TRUE")
+                                   + timecode("", "",
+                                              rate(timebase, "TRUE") + "<string>01:00:00;00</string>"
+                                                  + element("displayformat", displayformat))))
+            .timecode_frame;
+    };
+    EXPECT_EQ(first_frame("30", "DF"), 107'892);
+    EXPECT_EQ(first_frame("30", "NDF"), 108'000);
+    EXPECT_EQ(first_frame("24", "DF"), 86'400) << "which has no drop-frame count";
+}
+
 TEST(media_files, takes_format_and_frame_from_anywhere_below)
 {
     const file_record record =
@@ -195,6 +210,12 @@ TEST(media_files, takes_reel_and_roll_from_their_timecodes)
     EXPECT_THAT(info.reel_names, ElementsAre("A001"));
 }
 
+TEST(media_files, takes_the_reel_of_a_timecode_without_a_source)
+{
+    EXPECT_EQ(file_record_of(file(timecode("aux1", "X1") + timecode("", "A001"))).reel_name, "A001");
+    EXPECT_EQ(file_record_of(file(timecode("", "A001") + timecode("", "A002"))).reel_name, "A002");
+}
+
 TEST(media_files, takes_only_a_roll_from_a_sound_timecode_beside_another)
 {
     const file_record record = file_record_of(file(timecode("sound", "SR12") + timecode("sound", "SR13")));
@@ -215,6 +236,9 @@ TEST(media_files, takes_the_reel_of_another_source_only_when_none_came_before)
     EXPECT_EQ(aux_first.files.records()[0].reel_name, "X1");
     EXPECT_THAT(aux_first.reel_names, ElementsAre("X1"));
     EXPECT_EQ(file_record_of(file(timecode("source", "A1") + timecode("aux1", "X1"))).reel_name, "A1");
+    const files_info source_last = info_of(file(timecode("aux1", "X1") + timecode("source", "A1")));
+    EXPECT_EQ(source_last.files.records()[0].reel_name, "A1");
+    EXPECT_THAT(source_last.reel_names, ElementsAre("X1", "A1"));
 }
 
 TEST(media_files, writes_reels_in_plain_ascii)
@@ -227,10 +251,17 @@ TEST(media_files, keeps_repeats_of_a_reel)
     EXPECT_THAT(info_of(file(timecode("", "A")) + file(timecode("", "A"))).reel_names, ElementsAre("A", "A"));
 }
 
+TEST(media_files, takes_an_empty_name_for_a_reel)
+{
+    EXPECT_THAT(info_of(file("<timecode><reel><name/></reel></timecode>")).reel_names, ElementsAre(""));
+    EXPECT_TRUE(info_of(file("<timecode><reel/></timecode>")).reel_names.empty());
+}
+
 TEST(media_files, shows_an_audio_file_that_starts_at_zero_as_non_drop)
 {
     const std::string start = "<frame>0</frame><displayformat>DF</displayformat>";
     EXPECT_EQ(file_record_of(file(timecode("", "", start))).displayformat, "NDF");
+    EXPECT_EQ(file_record_of(file(timecode("", "", start) + "<media><audio/></media>")).displayformat, "NDF");
     EXPECT_EQ(file_record_of(file(timecode("", "", start) + "<media><video/></media>")).displayformat, "DF");
     EXPECT_EQ(file_record_of(file(timecode("", "", "<frame>5</frame><displayformat>DF</displayformat>")))
                   .displayformat,
