@@ -153,6 +153,13 @@ TEST_F(parsing, prints_errors_that_are_not_fatal_and_goes_on)
     EXPECT_THAT(messages(), ElementsAre(fixing_message));
 }
 
+TEST_F(parsing, fails_for_one_fatal_error_among_others)
+{
+    EXPECT_THAT([&] { parse("<xmeml><name>&x;</name><n:name/></xmeml>"); },
+                ThrowsMessage<load_error>("fatal error"));
+    EXPECT_THAT(printed(), MatchesRegex("1:[0-9]+: FATAL: [^\n]+\n1:[0-9]+: ERROR: [^\n]+\n"));
+}
+
 TEST_F(parsing, fails_for_a_document_that_was_cut_off)
 {
     EXPECT_THAT([&] { parse("<xmeml>\n<name>a</name>\n<sequence>\n"); },

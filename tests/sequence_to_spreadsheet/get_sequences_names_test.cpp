@@ -131,9 +131,11 @@ TEST_F(get_sequences_names_, finds_sequences_inside_sequences_but_none_without_a
 
 TEST_F(get_sequences_names_, alerts_about_a_sequence_without_a_name_and_leaves_the_menu_empty)
 {
+    session.error_tracker = " while reading names";
     open(xmeml("<sequence><uuid>U-1</uuid></sequence>"));
-    EXPECT_THAT(host.alert_text,
-                HasSubstr("There was a problem converting this XML|Please zip up the XML file"));
+    EXPECT_THAT(
+        host.alert_text,
+        HasSubstr("There was a problem converting this XML while reading names|Please zip up the XML file"));
     EXPECT_THAT(session.menu, IsEmpty());
     EXPECT_EQ(host.system_log.size(), 1U);
 }
@@ -163,8 +165,10 @@ TEST_F(get_sequences_names_, shows_the_mending_of_bad_characters)
 TEST_F(get_sequences_names_, empties_the_menu_of_the_document_before)
 {
     open(xmeml(sequence("One", "U-1")));
+    session.analyzed_sequence_index = 0;
     open("");
     EXPECT_THAT(session.menu, IsEmpty());
+    EXPECT_FALSE(session.document.has_value());
     EXPECT_FALSE(session.analyzed_sequence_index.has_value());
 }
 
@@ -186,9 +190,12 @@ TEST_F(get_sequences_names_, alerts_too_while_no_host_has_said_what_it_is)
 TEST_F(get_sequences_names_, saves_the_ticks_and_empties_the_track_tables)
 {
     session.video_tracks_table_checkboxes.current = {1, 0};
+    session.audio_tracks_table_checkboxes.current = {0};
     open(xmeml(""));
     EXPECT_THAT(session.video_tracks_table_checkboxes.clone, ElementsAre(1, 0));
     EXPECT_THAT(session.video_tracks_table_checkboxes.current.value(), IsEmpty());
+    EXPECT_THAT(session.audio_tracks_table_checkboxes.clone, ElementsAre(0));
+    EXPECT_THAT(session.audio_tracks_table_checkboxes.current.value(), IsEmpty());
 }
 
 TEST(get_project_name, always_says_that_there_is_none)
