@@ -247,6 +247,17 @@ TEST(analyze, puts_all_bin_clips_on_track_1)
     EXPECT_THAT(*document.video_checkboxes.current, ElementsAre(1));
 }
 
+TEST(analyze, puts_all_sounds_of_bins_on_track_1)
+{
+    analyzed_document document(xmeml().bin_clip("Day 1",
+                                                bin_clip("m1", 200, "audio", {clip("A")})
+                                                    + bin_clip("m2", 200, "audio", {clip("B")})),
+                               "");
+    ASSERT_EQ(document.result.audio_clip_data_array.size(), 2U);
+    EXPECT_EQ(document.result.audio_clip_data_array[1].track, "A1");
+    EXPECT_THAT(*document.audio_checkboxes.current, ElementsAre(1));
+}
+
 TEST(analyze, knows_no_bin_above_a_clip_that_lies_in_none)
 {
     const analysis_result result =
