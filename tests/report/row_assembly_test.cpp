@@ -75,7 +75,8 @@ TEST(assemble_rows, takes_the_ticked_tracks_alone)
 TEST(assemble_rows, gives_nothing_without_ticked_tracks)
 {
     const auto analysis = one_of_each();
-    for (const track_ticks& ticks : {track_ticks{}, track_ticks{{0, 0}, {0, 0}}}) {
+    for (const track_ticks& ticks :
+         {track_ticks{}, track_ticks{{0, 0}, {0, 0}}, track_ticks{{-1, 2}, {2, -1}}}) { // 1 alone is a tick
         const auto rows = assemble_rows(analysis, ticks, false, false);
         EXPECT_THAT(rows.clip_data_array, IsEmpty());
         EXPECT_THAT(rows.clip_markers, IsEmpty());

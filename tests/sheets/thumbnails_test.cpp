@@ -2,6 +2,7 @@
 #include "sheets/thumbnails.h"
 #include "support/kept_text.h"
 #include "support/temporary_folder.h"
+#include "workbook/workbook.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -49,6 +50,7 @@ struct fake_media {
     std::vector<std::string> asked;
     std::vector<expected_frame> expected;
     std::string pixels_from;
+    std::string jpeg; ///< instead of the text, where it is not empty
 };
 
 bool is_start(media_time time)
@@ -168,7 +170,8 @@ public:
         if (media_.encoder_throws)
             throw std::runtime_error("no JPEG today");
         EXPECT_EQ(compression_factor, 0.8);
-        return {media_.pixels_from.begin(), media_.pixels_from.end()};
+        const std::string& bytes = media_.jpeg.empty() ? media_.pixels_from : media_.jpeg;
+        return {bytes.begin(), bytes.end()};
     }
     void write_to_file(std::span<const std::uint8_t> data, const std::filesystem::path& file) override
     {
@@ -393,7 +396,9 @@ TEST_F(thumbnails, show_the_problem_placeholder_when_the_movie_has_no_frame)
     EXPECT_EQ(pixels_of(clip()), "Problem.png");
     media.movie_frame_at_time = media.movie_frame_at_start = true;
     media.movie_frame_comes_with_an_error = true;
+    media.asked.clear();
     EXPECT_EQ(pixels_of(clip()), "Problem.png") << "a frame with an error is none";
+    EXPECT_THAT(media.asked, testing::Contains("movie frame 0/1000"));
 }
 
 TEST_F(thumbnails, go_on_with_what_there_is_after_a_failure)
@@ -463,6 +468,18 @@ TEST_F(thumbnails, are_announced_with_the_files_where_they_are)
     EXPECT_EQ(media.expected[0].file, "/found/clip.mov");
     EXPECT_EQ(media.expected[0].time, (media_time{1001, 30000}));
     EXPECT_EQ(media.expected[0].width, 320);
+}
+
+TEST_F(thumbnails, are_noted_for_the_clean_up_when_they_are_inserted)
+{
+    xls::workbook book(folder.path() / "report.xls");
+    xls::worksheet& sheet = book.add_worksheet("All Reels");
+    media.jpeg = {'\xFF', '\xD8', '\xFF', '\xC2', 0, 17, 8, 0, 90, 0, 120, 3}; // 120 × 90 pixels
+    add_thumbnail(clip("First"), 1, 0, sheet, run);
+    media.jpeg = "no picture";
+    add_thumbnail(clip("Second"), 2, 0, sheet, run);
+    EXPECT_THAT(run.cleanup_jpegs, ElementsAre(folder.path() / "0002 First.jpg"));
+    EXPECT_THAT(out.text(), HasSubstr("\"no thumbnail: "));
 }
 
 TEST_F(thumbnails, are_deleted_when_they_were_inserted)
