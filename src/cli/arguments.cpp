@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "cli/arguments.h"
 
+#include "cli/help_text.h"
 #include "cli/known_names.h"
 #include "platform/application.h"
 #include "report/time_cells.h"
@@ -55,9 +56,9 @@ struct color_flag {
 };
 
 constexpr color_flag color_flags[] = {
-    {"--video-color", &report_options::video_row_color, "Text colour of video rows (blue)"},
-    {"--audio-color", &report_options::audio_row_color, "Text colour of audio rows (green)"},
-    {"--marker-color", &report_options::marker_row_color, "Text colour of marker rows (gray)"},
+    {"--video-color", &report_options::video_row_color, "Text color of video rows (blue)"},
+    {"--audio-color", &report_options::audio_row_color, "Text color of audio rows (green)"},
+    {"--marker-color", &report_options::marker_row_color, "Text color of marker rows (gray)"},
 };
 
 void add_item_flags(CLI::App& report, raw_report_flags& raw)
@@ -92,16 +93,16 @@ void add_content_flags(CLI::App& report, raw_report_flags& raw, report_options& 
     constexpr const char* columns_group = "Columns of the clips";
     report
         .add_option("--timeline-columns", raw.timeline_columns,
-                    "Forms of the timeline times: Timecode, Clock, Frames, Feet+Frames, Seconds (Timecode)")
+                    "Time formats for the timeline: Timecode, Clock, Frames, Feet+Frames, Seconds (Timecode)")
         ->option_text("LIST")
         ->group(columns_group);
-    report.add_option("--source-columns", raw.source_columns, "The same for the source times (Timecode)")
+    report.add_option("--source-columns", raw.source_columns, "The same for the source media (Timecode)")
         ->option_text("LIST")
         ->group(columns_group);
     report
         .add_option("--adjust", raw.adjustments,
-                    "Frames to add to timeline times in one form, such as Timecode=+1; may be repeated")
-        ->option_text("FORM=N")
+                    "Frames to add to timeline times in one format, such as Timecode=+1; may be repeated")
+        ->option_text("FORMAT=N")
         ->group(columns_group)
         ->allow_extra_args(false);
     report
@@ -289,12 +290,12 @@ void describe(CLI::App& app)
                     "into an Excel workbook: every clip, title, transition, filter and marker,\n"
                     "exact to the frame.");
     app.footer("Start with:  tallyframe report CUT.xml\n"
-               "Then open CUT.xls. `tallyframe help report` shows every option.");
+               "Then open CUT.xls. `tallyframe help report` shows every option.\n"
+               "`tallyframe` alone, or with nothing but a document, opens the window.");
     app.set_version_flag("--version", fmt::format("tallyframe {}", application::version),
                          "Print the version and leave");
     app.set_help_flag("-h,--help", "Print this help and leave");
-    app.get_formatter()->column_width(34);
-    app.get_formatter()->label("REQUIRED", "");
+    set_help_form(app);
 }
 
 constexpr std::string_view commands[] = {"list", "report", "help"};
@@ -335,30 +336,21 @@ std::vector<std::string> in_the_parsers_form(std::vector<std::string> arguments)
     return form;
 }
 
-std::string help_text(const CLI::App& app)
-{
-    const std::string parent = app.get_parent() == nullptr ? "" : app.get_parent()->get_name();
-    std::string text = app.help(parent);
-    for (std::size_t at = text.find("\n\n\n"); at != std::string::npos; at = text.find("\n\n\n"))
-        text.erase(at, 1);
-    return text;
-}
-
 CLI::App* add_list_command(CLI::App& app, list_request& request)
 {
-    CLI::App* list =
-        app.add_subcommand("list", "Show what a document offers to report: its bins and sequences");
+    CLI::App* list = app.add_subcommand("list", "Show what a document offers: bins and sequences");
+    list->group("Commands");
     list->add_option("FILE.xml", request.document, "The exported timeline")->required()->option_text(" ");
     list->add_flag("--json", request.json, "As JSON, for scripts");
-    list->footer("The number in front is what `report --item` takes, the identifier at the end what\n"
-                 "`report --sequence` takes.");
+    list->footer("`report --item` takes the number in front, `report --sequence` the identifier at\n"
+                 "the end.");
     return list;
 }
 
 CLI::App* add_report_command(CLI::App& app, raw_report_flags& raw, report_request& request)
 {
-    CLI::App* report =
-        app.add_subcommand("report", "Write the workbook of a sequence, or of the clips in the bins");
+    CLI::App* report = app.add_subcommand("report", "Write the workbook of a sequence or of the bins");
+    report->group("Commands");
     report->add_option("FILE.xml", request.document, "The exported timeline")->required()->option_text(" ");
     report
         ->add_option("-o,--output", request.output,
@@ -370,13 +362,13 @@ CLI::App* add_report_command(CLI::App& app, raw_report_flags& raw, report_reques
     add_media_flags(*report, raw, request);
     report->add_flag("--quiet", request.quiet, "No diagnostics on standard output")->group("Output");
     report->add_flag("--progress", request.progress, "A progress line on standard error")->group("Output");
-    report->footer("Without --item, --sequence, --bins or --all the document's only entry is reported.\n"
-                   "Lists are separated by commas; quote those that hold blanks.\n\n"
+    report->footer("Without --item, --sequence, --bins or --all the document's only entry is\n"
+                   "reported. Lists are separated by commas; quote those that hold blanks.\n\n"
                    "Examples:\n"
                    "  tallyframe report CUT.xml\n"
                    "  tallyframe report CUT.xml --item 3 --tracks V1,V2 -o picture.xls\n"
-                   "  tallyframe report CUT.xml --timeline-columns Timecode,Feet+Frames --enabled-only\n"
-                   "  tallyframe report CUT.xml --thumbnails --media-map /Volumes/Media=/mnt/media");
+                   "  tallyframe report CUT.xml --timeline-columns Clock,Frames --enabled-only\n"
+                   "  tallyframe report CUT.xml --thumbnails --media-search /Volumes/Rushes");
     return report;
 }
 
@@ -409,7 +401,7 @@ request parse_arguments(const std::vector<std::string>& arguments)
     report_request report_flags;
     raw_report_flags raw;
     const CLI::App* report = add_report_command(app, raw, report_flags);
-    app.add_subcommand("help", "Show how a command is used: `tallyframe help report`");
+    app.add_subcommand("help", "Show how a command is used: `tallyframe help report`")->group("Commands");
 
     request result;
     if (std::optional<std::string> text = parse(app, arguments)) {

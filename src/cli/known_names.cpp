@@ -70,7 +70,7 @@ void check_color(std::string_view name, std::string_view flag)
 {
     if (!xls::is_color(name)) {
         throw usage_error(fmt::format(
-            "{}: there is no colour \"{}\". The colours are {}, or #RRGGBB such as "
+            "{}: there is no color \"{}\". The colors are {}, or #RRGGBB such as "
             "#FF8800.",
             flag, name, listed(xls::color_names(), [](std::string_view known) { return known; })));
     }

@@ -114,8 +114,8 @@ std::uint16_t palette::index_of(std::string_view color)
         return named->index;
     if (const auto rgb = parse_rgb(color))
         return index_of_rgb(*rgb);
-    throw workbook_error("The colour \"" + std::string(color)
-                         + "\" is not known. Give a colour name or #RRGGBB.");
+    throw workbook_error("The color \"" + std::string(color)
+                         + "\" is not known. Give a color name or #RRGGBB.");
 }
 
 std::uint16_t palette::index_of_rgb(std::uint32_t rgb)
@@ -134,7 +134,7 @@ std::uint16_t palette::index_of_rgb(std::uint32_t rgb)
             return static_cast<std::uint16_t>(entry + first_palette_index);
         }
     }
-    throw workbook_error("A workbook holds 40 colours besides the named ones. Use fewer different colours.");
+    throw workbook_error("A workbook holds 40 colors besides the named ones. Use fewer different colors.");
 }
 
 void palette::write(byte_writer& out) const

@@ -327,6 +327,16 @@ TEST(report, gives_the_same_bytes_twice)
     EXPECT_EQ(first, bytes_of("b.xls"));
 }
 
+TEST(command_line, keeps_its_help_within_80_characters)
+{
+    for (const std::vector<std::string>& arguments :
+         std::vector<std::vector<std::string>>{{"help"}, {"help", "list"}, {"help", "report"}}) {
+        std::istringstream help(run_with(arguments).out);
+        for (std::string line; std::getline(help, line);)
+            EXPECT_LE(line.size(), 80U) << line;
+    }
+}
+
 TEST(command_line, answers_help_and_version)
 {
     EXPECT_THAT(run_with({"--help"}).out, AllOf(HasSubstr("list"), HasSubstr("report")));

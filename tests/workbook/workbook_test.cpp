@@ -138,7 +138,7 @@ TEST(workbook, refuses_more_own_colors_than_the_palette_has_room_for)
     for (int i = 0; i < 40; ++i)
         add(i);
     add(0);
-    EXPECT_THAT(refusal([&] { add(40); }), HasSubstr("40 colours"));
+    EXPECT_THAT(refusal([&] { add(40); }), HasSubstr("40 colors"));
 }
 
 TEST(workbook, sets_columns_rows_and_panes)
