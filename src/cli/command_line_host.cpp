@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "cli/command_line_host.h"
 
+#include "document/text_values.h"
 #include "platform/badge_text.h"
 #include "platform/failures.h"
 
@@ -27,10 +28,12 @@ void leave_if_stopped()
         throw run_cancelled();
 }
 
-/// The first line of a message, without its line break.
-std::string_view first_line(std::string_view message)
+/// The first line of a message, as much of it as stands beside the percentage in a line of 80 characters: a
+/// longer line would break, and the next one could not take its place.
+std::string shown_line(std::string_view message)
 {
-    return message.substr(0, message.find('\n'));
+    constexpr std::size_t longest = 72;
+    return shortened(message.substr(0, message.find('\n')), longest);
 }
 
 } // namespace
@@ -65,7 +68,7 @@ void line_progress::advance(std::string_view message)
     if (!shown_)
         return;
     if (!message.empty())
-        message_ = first_line(message);
+        message_ = shown_line(message);
     show(fmt::format("{:>4}  {}", badge_text(value_, length_), message_));
 }
 
@@ -74,7 +77,7 @@ void line_progress::show_message(std::string_view message)
     leave_if_stopped();
     if (!shown_)
         return;
-    message_ = first_line(message);
+    message_ = shown_line(message);
     show(fmt::format("      {}", message_));
 }
 

@@ -124,15 +124,20 @@ std::string with_quotes_escaped(std::string_view text)
     return escaped;
 }
 
+std::string shortened(std::string_view text, std::size_t bytes)
+{
+    if (text.size() <= bytes)
+        return std::string(text);
+    std::size_t end = bytes;
+    while (end > 0 && is_inside_character(text[end]))
+        --end;
+    return std::string(text.substr(0, end)) + "…";
+}
+
 std::string in_quotes(std::string_view name)
 {
     constexpr std::size_t longest = 100;
-    if (name.size() <= longest)
-        return '"' + std::string(name) + '"';
-    std::size_t end = longest;
-    while (end > 0 && is_inside_character(name[end]))
-        --end;
-    return '"' + std::string(name.substr(0, end)) + "…\"";
+    return '"' + shortened(name, longest) + '"';
 }
 
 } // namespace tallyframe

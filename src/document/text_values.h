@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -29,8 +30,11 @@ std::string upper_cased(std::string_view text);
 /// `text` with every double quote replaced by "&quot;".
 std::string with_quotes_escaped(std::string_view text);
 
-/// A name of the document as the sentence of a failure tells it: in double quotes, and of a long one only the
-/// first 100 bytes or less, up to a whole character, with "…" behind.
+/// `text` where it has no more than `bytes` of them; of a longer one as many whole characters as fit, and
+/// "…".
+std::string shortened(std::string_view text, std::size_t bytes);
+
+/// A name of the document as the sentence of a failure tells it: in double quotes, shortened to 100 bytes.
 std::string in_quotes(std::string_view name);
 
 } // namespace tallyframe

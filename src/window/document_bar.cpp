@@ -56,7 +56,7 @@ void document_bar::set_entries(const std::vector<catalogue_entry>& entries)
         if (entry.is_separator())
             menu_->insertSeparator(menu_->count());
         else
-            menu_->addItem(qt_text(entry.title));
+            menu_->addItem(shown_text(entry.title));
     }
     menu_->setCurrentIndex(entries.empty() ? -1 : 0);
 }

@@ -32,9 +32,9 @@ QString summary_of(const analysis_result& analysis, const QString& title)
         parts << (analysis.seq_displayformat == "DF" ? texts::tr("%1 drop frame").arg(rate) : rate);
     }
     if (analysis.sequence_width && analysis.sequence_height)
-        parts << qt_text(*analysis.sequence_width) + " × " + qt_text(*analysis.sequence_height);
+        parts << shown_text(*analysis.sequence_width) + " × " + shown_text(*analysis.sequence_height);
     if (analysis.seq_samplerate)
-        parts << texts::tr("%1 Hz").arg(qt_text(*analysis.seq_samplerate));
+        parts << texts::tr("%1 Hz").arg(shown_text(*analysis.seq_samplerate));
     return parts.join("  ·  ");
 }
 

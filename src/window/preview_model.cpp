@@ -109,9 +109,9 @@ QVariant preview_model::display_value(std::size_t row, std::size_t column) const
 {
     const cell_value value = table_.cell(row, column);
     if (const auto* text = std::get_if<std::string_view>(&value))
-        return qt_text(*text);
+        return shown_text(*text);
     if (const auto* made_text = std::get_if<std::string>(&value))
-        return qt_text(*made_text);
+        return shown_text(*made_text);
     if (const auto* number = std::get_if<double>(&value))
         return number_text(*number, table_.kind(column));
     return {};

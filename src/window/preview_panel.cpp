@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "window/preview_panel.h"
 
+#include "window/elided_label.h"
 #include "window/qt_text.h"
 #include "window/row_colors.h"
 
@@ -23,6 +24,17 @@ constexpr std::size_t rows_to_measure = 500;
 /// Characters beyond which a column is cut on the screen, so that one path does not hide what is beside it.
 constexpr double widest_column = 60;
 
+QString counts_text(int row_count, int column_count)
+{
+    const QLocale locale;
+    const QString in_rows = row_count == 1 ? preview_panel::tr("1 row")
+                                           : preview_panel::tr("%1 rows").arg(locale.toString(row_count));
+    const QString in_columns = column_count == 1
+        ? preview_panel::tr("1 column")
+        : preview_panel::tr("%1 columns").arg(locale.toString(column_count));
+    return in_rows + ", " + in_columns;
+}
+
 void set_up_preview(QTableView& view)
 {
     view.setObjectName("previewTableView");
@@ -42,14 +54,11 @@ void set_up_preview(QTableView& view)
 } // namespace
 
 preview_panel::preview_panel(QWidget* parent)
-    : QWidget(parent), view_(new QTableView), summary_(new QLabel), counts_(new QLabel)
+    : QWidget(parent), view_(new QTableView), summary_(new elided_label), counts_(new QLabel)
 {
     set_up_preview(*view_);
     view_->setModel(&model_);
     summary_->setObjectName("summaryLabel");
-    summary_->setTextFormat(Qt::PlainText);
-    summary_->setSizePolicy(QSizePolicy::Ignored,
-                            QSizePolicy::Preferred); // a long name does not widen the window
     counts_->setObjectName("countsLabel");
 
     auto* line = new QHBoxLayout;
@@ -69,9 +78,7 @@ void preview_panel::show_table(preview_table table, const report_options& option
     model_.set_table(std::move(table));
     fit_columns();
     show_colors(options);
-    const QLocale locale;
-    counts_->setText(tr("%1 rows, %2 columns")
-                         .arg(locale.toString(model_.rowCount()), locale.toString(model_.columnCount())));
+    counts_->setText(counts_text(model_.rowCount(), model_.columnCount()));
     if (row >= 0)
         view_->setCurrentIndex(model_.index(std::min(row, model_.rowCount() - 1), column));
 }

@@ -2,10 +2,10 @@
 #include "window/progress_sheet.h"
 
 #include "platform/badge_text.h"
+#include "window/elided_label.h"
 #include "window/qt_text.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -22,18 +22,11 @@ constexpr auto redraw_interval = 40ms;
 constexpr auto opening_delay = 250ms;
 constexpr int bar_steps = 1000; // finer than a bar's pixels; the run's own count may exceed what it can hold
 
-/// A message that does not widen the sheet: the middle of a long bin's name is left out.
-class message_label final : public QLabel {
-public:
-    using QLabel::QLabel;
-    QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
-};
-
 } // namespace
 
 progress_sheet::progress_sheet(QWidget* parent)
-    : QDialog(parent, Qt::Sheet), bar_(new QProgressBar), title_(new QLabel), message_(new message_label),
-      cancel_button_(new QPushButton(tr("Cancel")))
+    : QDialog(parent, Qt::Sheet), bar_(new QProgressBar), title_(new elided_label),
+      message_(new elided_label), cancel_button_(new QPushButton(tr("Cancel")))
 {
     setObjectName("progressWindow");
     setWindowModality(Qt::WindowModal);
@@ -43,12 +36,10 @@ progress_sheet::progress_sheet(QWidget* parent)
     QFont bold = font();
     bold.setBold(true);
     title_->setFont(bold);
-    title_->setTextFormat(Qt::PlainText);
     bar_->setObjectName("progressIndicator");
     bar_->setAccessibleName(tr("Progress"));
     bar_->setTextVisible(false);
     message_->setObjectName("progressMessage");
-    message_->setTextFormat(Qt::PlainText);
     cancel_button_->setObjectName("cancelButton");
     cancel_button_->setToolTip(tr("Stop. Nothing is written"));
     connect(cancel_button_, &QPushButton::clicked, this, &progress_sheet::reject);
@@ -110,7 +101,7 @@ void progress_sheet::redraw()
     }
     const bool is_reading = !is_determinate && state.message.empty();
     if (cancel_button_->isEnabled())
-        message_->setText(is_reading ? tr("Reading…") : qt_text(state.message));
+        message_->setText(is_reading ? tr("Reading…") : shown_text(state.message));
     const QString badge = state.progress_bar_length > 0
         ? qt_text(badge_text(state.value, state.progress_bar_length)) // stays while the bar spins
         : QString();

@@ -111,8 +111,8 @@ QVariant track_table_model::display_text(const track_row& row, int column)
         return qt_text(row.label);
     case name_column:
         if (row.is_disabled)
-            return row.name.empty() ? tr("disabled") : tr("%1 (disabled)").arg(qt_text(row.name));
-        return qt_text(row.name);
+            return row.name.empty() ? tr("disabled") : tr("%1 (disabled)").arg(shown_text(row.name));
+        return shown_text(row.name);
     case item_count_column:
         return QLocale().toString(qlonglong{row.item_count});
     default:

@@ -399,6 +399,28 @@ TEST_F(main_window_test, has_a_name_and_a_tip_for_every_control)
     EXPECT_GT(controls, 35);
 }
 
+TEST_F(main_window_test, shows_the_beginning_of_names_of_megabytes)
+{
+    const std::string name(5'000'000, 'x');
+    open_text(xmeml().sequence(name, {}).video_track({clip(name)}).text());
+    EXPECT_EQ(find<QComboBox>("sequencesPopupMenu").currentText().size(), 1001);
+    EXPECT_LT(find<QLabel>("summaryLabel").text().size(), 1100);
+    const auto& preview = find<QTableView>("previewTableView");
+    EXPECT_EQ(preview.model()->index(0, 1).data().toString().size(), 1001);
+    EXPECT_EQ(find<QLabel>("countsLabel").text(), "1 row, 33 columns");
+}
+
+TEST(progress_sheet, keeps_its_width_whatever_it_tells)
+{
+    run_progress display;
+    progress_sheet few;
+    few.follow(display, "Opening");
+    display.show_message("Searching /" + std::string(400, 'x'));
+    progress_sheet many;
+    many.follow(display, "Opening " + QString(400, 'x'));
+    EXPECT_EQ(many.sizeHint(), few.sizeHint());
+}
+
 TEST(progress_sheet, shows_the_message_the_bar_and_the_badge)
 {
     progress_sheet sheet;
