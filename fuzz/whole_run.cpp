@@ -131,18 +131,6 @@ void untick(std::uint8_t unticked, track_checkboxes& checkboxes)
     }
 }
 
-class silent_host final : public alerts, public sequence_menu {
-public:
-    void show(std::string_view, std::string_view) override { }
-    void write_system_log(std::string_view) override { }
-    void remove_all_items() override { }
-    void add_item(std::string_view) override { }
-    void add_separator() override { }
-    void set_enabled(bool) override { }
-    void reload_track_tables() override { }
-    void analyze_sequence() override { }
-};
-
 /// A file of this process among the temporary ones, gone at the end.
 class scratch_file {
 public:
@@ -166,8 +154,9 @@ private:
 struct headless_run {
     no_diagnostics out = {};
     no_progress display = {};
-    silent_host host = {};
-    session_services services = {out, display, host, host};
+    no_alerts alert = {};
+    no_sequence_menu menu = {};
+    session_services services = {out, display, alert, menu};
     report_session session = {};
 
     void report(const catalogue_entry& entry, const run_choices& choices, const scratch_file& file)

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // analyze_alone FILE.xml: loads the document and analyses its first sequence as the command line does, and
 // writes nothing. bench/run holds the window's time to its preview against this.
-#include "cli/command_line_host.h"
 #include "platform/gui_mode.h"
 #include "sequence_to_spreadsheet/sequence_to_spreadsheet.h"
 
@@ -17,9 +16,9 @@ int main(int argument_count, char** arguments)
     try {
         gui_mode = false;
         no_diagnostics out;
-        cli::line_progress display(std::cerr, false);
-        cli::no_alerts alert;
-        cli::no_sequence_menu menu;
+        no_progress display;
+        no_alerts alert;
+        no_sequence_menu menu;
         const session_services services = {out, display, alert, menu};
         report_session session;
         get_sequences_names(session, std::filesystem::path(arguments[1]), services);

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/alerts.h"
 #include "platform/diagnostics.h"
 #include "platform/progress.h"
-#include "platform/sequence_menu.h"
 #include "platform/workspace.h"
 
 #include <cstdint>
@@ -49,24 +47,6 @@ private:
     std::int64_t length_ = 0;
     std::string message_;
     std::string line_;
-};
-
-/// A command line has neither alerts nor a menu: failures reach the caller, the entries are
-/// asked of the session.
-class no_alerts final : public alerts {
-public:
-    void show(std::string_view, std::string_view) override { }
-    void write_system_log(std::string_view) override { }
-};
-
-class no_sequence_menu final : public sequence_menu {
-public:
-    void remove_all_items() override { }
-    void add_item(std::string_view) override { }
-    void add_separator() override { }
-    void set_enabled(bool) override { }
-    void reload_track_tables() override { }
-    void analyze_sequence() override { }
 };
 
 /// A command line opens no folders: it says where they are.

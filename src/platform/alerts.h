@@ -17,4 +17,11 @@ public:
     virtual void write_system_log(std::string_view text) = 0;
 };
 
+/// A host without alerts: failures reach the caller.
+class no_alerts final : public alerts {
+public:
+    void show(std::string_view, std::string_view) override { }
+    void write_system_log(std::string_view) override { }
+};
+
 } // namespace tallyframe

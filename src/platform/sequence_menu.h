@@ -24,4 +24,15 @@ public:
     virtual void analyze_sequence() = 0;
 };
 
+/// A host without a menu: it asks the session what there is.
+class no_sequence_menu final : public sequence_menu {
+public:
+    void remove_all_items() override { }
+    void add_item(std::string_view) override { }
+    void add_separator() override { }
+    void set_enabled(bool) override { }
+    void reload_track_tables() override { }
+    void analyze_sequence() override { }
+};
+
 } // namespace tallyframe

@@ -16,22 +16,6 @@ namespace test = testing_support;
 using testing::ElementsAre;
 using testing::ThrowsMessage;
 
-class silent_alerts final : public alerts {
-public:
-    void show(std::string_view, std::string_view) override { }
-    void write_system_log(std::string_view) override { }
-};
-
-class unseen_menu final : public sequence_menu {
-public:
-    void remove_all_items() override { }
-    void add_item(std::string_view) override { }
-    void add_separator() override { }
-    void set_enabled(bool) override { }
-    void reload_track_tables() override { }
-    void analyze_sequence() override { }
-};
-
 class get_info_from_sequence_or_bins_ : public testing::Test {
 protected:
     void open(const std::string& document) { get_sequences_names(session, document, services); }
@@ -39,8 +23,8 @@ protected:
 
     no_diagnostics out;
     test::counting_progress display;
-    silent_alerts alert;
-    unseen_menu menu;
+    no_alerts alert;
+    no_sequence_menu menu;
     session_services services = {out, display, alert, menu};
     report_session session;
 };
