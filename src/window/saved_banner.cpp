@@ -3,26 +3,24 @@
 
 #include "window/alert_sheet.h"
 #include "window/desktop_workspace.h"
+#include "window/elided_label.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QStyle>
 #include <QToolButton>
 
 namespace tallyframe::window {
 
-saved_banner::saved_banner(QWidget* parent) : QFrame(parent), text_(new QLabel)
+saved_banner::saved_banner(QWidget* parent) : QFrame(parent), text_(new elided_label)
 {
     setObjectName("savedBanner");
     setFrameShape(QFrame::StyledPanel);
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::AlternateBase);
     text_->setObjectName("savedText");
-    text_->setTextFormat(Qt::PlainText);
-    text_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
 
     auto* open_button = new QPushButton(tr("Open &Workbook"));
     open_button->setObjectName("openWorkbookButton");

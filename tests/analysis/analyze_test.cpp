@@ -2,6 +2,7 @@
 #include "analysis/analyze.h"
 #include "platform/failures.h"
 #include "support/analyzed_document.h"
+#include "support/counting_progress.h"
 #include "support/names_of.h"
 
 #include <gmock/gmock.h>
@@ -397,13 +398,8 @@ TEST(analyze, gives_the_same_records_again)
 
 TEST(analyze, lets_a_stop_through)
 {
-    struct stopping_progress final : progress {
-        void begin(std::int64_t) override { }
-        void advance(std::string_view) override { throw run_cancelled(); }
-        void show_message(std::string_view) override { }
-        void spin(std::string_view) override { }
-        void end() override { }
-    } display;
+    counting_progress display;
+    display.stop_at = 1;
     analyzed_document document(one_clip_each());
     EXPECT_THROW(analyze(document.parsed.index, "uuid-1", "video + audio", document.video_checkboxes,
                          document.audio_checkboxes, document.out, display),
