@@ -3,6 +3,7 @@
 
 #include "support/temporary_folder.h"
 #include "window/main_window.h"
+#include "window/progress_sheet.h"
 #include "window/qt_text.h"
 
 #include <gmock/gmock.h>
@@ -59,6 +60,15 @@ protected:
     {
         ASSERT_TRUE(QTest::qWaitFor([&] { return !window->runner().is_running(); }, patience));
         QTest::qWait(1); // what the changes have put off
+    }
+
+    /// Cancels the next run before its first step: a short one may be over when a click on the button comes.
+    void cancel_next_run()
+    {
+        QObject::connect(
+            &window->runner(), &session_runner::started, window.get(),
+            [this] { emit find<progress_sheet>("progressWindow").cancel_requested(); },
+            static_cast<Qt::ConnectionType>(Qt::DirectConnection | Qt::SingleShotConnection));
     }
 
     void open(const std::filesystem::path& path)
