@@ -4,8 +4,9 @@
 #include "document/parse_xml.h"
 #include "document/sequence_catalogue.h"
 #include "fuzz/promise.h"
-#include "platform/failures.h"
-#include "platform/gui_mode.h"
+#include "run/failures.h"
+#include "run/gui_mode.h"
+#include "text/utf8.h"
 
 #include <cstdint>
 #include <string>
@@ -16,7 +17,9 @@ namespace {
 
 void mend(std::string text)
 {
-    clean_all_lines(text);
+    dropped_characters dropped;
+    no_progress display;
+    clean_all_lines(text, dropped, display);
     for (std::string_view rest = text; !rest.empty(); rest.remove_prefix(declared_length(rest)))
         promise(is_clean_character(rest.substr(0, declared_length(rest))), "a mended text is clean");
 }

@@ -2,7 +2,7 @@
 // Any bytes as the URL of a media file.
 #include "fuzz/promise.h"
 #include "media/file_urls.h"
-#include "workbook/unicode.h"
+#include "workbook/records/unicode.h"
 
 #include <cstdint>
 #include <string>

@@ -34,7 +34,7 @@ double any_rate(FuzzedDataProvider& choices)
 void parse(const std::string& text, const std::string& frame_duration, double rate)
 {
     const auto duration = [&] { return std::optional<std::string>(frame_duration); };
-    for (const char* format : {"NDF", "DF"}) {
+    for (const auto format : {display_format::non_drop_frame, display_format::drop_frame}) {
         promise(is_finite(to_frames(text, rate, format)), "a time text gives a finite number or nothing");
         promise(is_finite(to_frames(text, rate, format, duration)), "a rational time gives a finite number");
     }
@@ -92,16 +92,18 @@ void bring_back(std::int64_t frames, double rate)
 {
     const auto count = static_cast<double>(frames);
     const std::optional<std::int64_t> nominal = nominal_rate(rate);
-    const std::string plain = to_timecode(count, rate, "NDF");
+    const std::string plain = to_timecode(count, rate, display_format::non_drop_frame);
     promise(plain.empty() == !nominal, "every count has a label at every real rate");
     if (nominal)
-        promise(to_frames(plain, rate, "NDF") == count, "a label without dropped numbers gives its count");
+        promise(to_frames(plain, rate, display_format::non_drop_frame) == count,
+                "a label without dropped numbers gives its count");
 
     constexpr std::array<double, 4> drop_frame_rates = {29.97, 30, 59.94, 60};
     if (std::ranges::count(drop_frame_rates, rate) != 0)
-        promise(to_frames(to_timecode(count, rate, "DF"), rate, "DF")
-                    == static_cast<double>(drop_frame_count(frames, *nominal)),
-                "a drop-frame label gives its count");
+        promise(
+            to_frames(to_timecode(count, rate, display_format::drop_frame), rate, display_format::drop_frame)
+                == static_cast<double>(drop_frame_count(frames, *nominal)),
+            "a drop-frame label gives its count");
 }
 
 void try_input(FuzzedDataProvider& choices)
@@ -113,7 +115,8 @@ void try_input(FuzzedDataProvider& choices)
     const std::string frame_duration = choices.ConsumeRandomLengthString(40);
     parse(choices.ConsumeRemainingBytesAsString(), frame_duration, rate);
 
-    for (const char* format : {"NDF", "DF", ""})
+    for (const auto format :
+         {display_format::non_drop_frame, display_format::drop_frame, display_format::unknown})
         to_timecode(frames, rate, format);
     promise(is_finite(to_seconds(frames, rate)), "seconds are finite");
     show_clock(frames);

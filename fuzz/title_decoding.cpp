@@ -3,7 +3,7 @@
 // document in UTF-16 behind its header.
 #include "analysis/title_text.h"
 #include "fuzz/promise.h"
-#include "workbook/unicode.h"
+#include "workbook/records/unicode.h"
 
 #include <glib.h>
 

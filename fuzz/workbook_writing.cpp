@@ -2,7 +2,7 @@
 // Any calls to the workbook writer, with any texts, numbers and formats: the file holds what was written.
 #include "fuzz/promise.h"
 #include "fuzz/workbook_reader.h"
-#include "workbook/unicode.h"
+#include "workbook/records/unicode.h"
 #include "workbook/workbook.h"
 
 #include <fuzzer/FuzzedDataProvider.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // analyze_alone FILE.xml: loads the document and analyses its first sequence as the command line does, and
 // writes nothing. bench/run holds the window's time to its preview against this.
-#include "platform/gui_mode.h"
+#include "run/gui_mode.h"
 #include "sequence_to_spreadsheet/sequence_to_spreadsheet.h"
 
 #include <cstdlib>

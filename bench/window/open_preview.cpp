@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // open_preview FILE.xml: opens the document in the window, off any screen, and ends once its preview has been
 // painted. bench/run holds the time that this takes against the command line's.
-#include "platform/gui_mode.h"
+#include "run/gui_mode.h"
 #include "window/main_window.h"
 
 #include <QApplication>

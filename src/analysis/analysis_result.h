@@ -4,6 +4,7 @@
 #include "analysis/clip_record.h"
 #include "analysis/effect_records.h"
 #include "media/marker_record.h"
+#include "timecode/display_format.h"
 #include "timecode/frame_rates.h"
 
 #include <cstdint>
@@ -12,14 +13,6 @@
 #include <vector>
 
 namespace tallyframe {
-
-/// A reel that the document names. The report sums its timeline duration up on its own copy.
-struct reel_record {
-    std::string name;
-    std::int64_t estimated_total = 0; ///< frames
-
-    bool operator==(const reel_record&) const = default;
-};
 
 /// What the window's track tables say of a track.
 struct track_description {
@@ -36,7 +29,7 @@ struct analysis_result {
     std::string sequence_name;
     std::int64_t sequence_duration = 0; ///< frames
     std::optional<frame_rate> seq_fcp_rate; ///< nothing for bins
-    std::string seq_displayformat; ///< "DF", "NDF", or what the document holds
+    display_format seq_displayformat = display_format::unknown;
     std::optional<std::string> sequence_width;
     std::optional<std::string> sequence_height;
     std::optional<std::string> seq_samplerate;
@@ -58,7 +51,7 @@ struct analysis_result {
     std::vector<transition_record> audio_transition_array;
 
     std::vector<marker_record> seq_markers_data_array;
-    std::vector<reel_record> reels_array;
+    std::vector<std::string> reels_array; ///< each reel's name once, in ascending order of their bytes
 };
 
 } // namespace tallyframe

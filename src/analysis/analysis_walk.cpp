@@ -2,8 +2,8 @@
 #include "analysis/analysis_walk.h"
 
 #include "analysis/frame_numbers.h"
-#include "document/text_values.h"
-#include "platform/failures.h"
+#include "run/failures.h"
+#include "text/visible_text.h"
 
 namespace tallyframe {
 

@@ -3,12 +3,13 @@
 
 #include "analysis/analysis_result.h"
 #include "analysis/clip_notes.h"
-#include "analysis/text_budget.h"
+#include "analysis/document_additions.h"
 #include "document/document_index.h"
+#include "document/text_budget.h"
 #include "document/xml_node.h"
 #include "media/media_files.h"
-#include "platform/diagnostics.h"
-#include "platform/progress.h"
+#include "run/diagnostics.h"
+#include "run/progress.h"
 
 #include <cstdint>
 #include <optional>
@@ -21,6 +22,7 @@ namespace tallyframe {
 struct analysis_walk {
     const document_index& index;
     const file_catalogue& files;
+    document_additions& additions;
     diagnostics& out;
     progress& display;
     analysis_result& result; ///< its header is complete, its records grow

@@ -2,22 +2,23 @@
 #pragma once
 
 #include "analysis/analysis_result.h"
+#include "analysis/document_additions.h"
+#include "analysis/report_scope.h"
 #include "document/document_index.h"
 #include "document/track_checkboxes.h"
 #include "document/xml_node.h"
-#include "platform/diagnostics.h"
-#include "platform/progress.h"
-
-#include <string_view>
+#include "media/media_catalogues.h"
+#include "run/diagnostics.h"
+#include "run/progress.h"
 
 namespace tallyframe {
 
-/// Analyses the sequence with that uuid, or the clips of all bins when the document has no such sequence.
+/// Analyses a sequence of the document, or the clips of all bins when it is none.
 ///
-/// `import_video_audio_preference`: "video + audio", "video" or "audio"; tracks of a kind that it does not
-/// name give no records. Every track is walked whatever its check box; the check boxes are saved, emptied and
-/// filled again track by track. Changes the document in two ways that stay while it is loaded: references to
-/// files in nested-sequence clips, and keyframed scale values joined.
+/// Tracks of a kind that is out of `scope` give no records. Every track is walked whatever its check box; the
+/// check boxes are saved, emptied and filled again track by track. `catalogues`: of this document, from
+/// earlier analyses or new. `additions`: what earlier analyses of the document have added to it, or new; this
+/// one adds to them files for clips that are nested sequences, and the values of keyframed scales joined.
 ///
 /// Writes the diagnostics of the walk to `out`. Calls `display.begin` once and `display.advance` for each
 /// file element, marker of the sequence and item; closing the display is the caller's.
@@ -25,8 +26,8 @@ namespace tallyframe {
 /// Throws analysis_error: "This sequence has no timebase" for a rate that is none of those supported, or a
 /// sentence that names the element that is missing, its item and its track. What display throws (a user's
 /// stop) passes through.
-analysis_result analyze(document_index& index, std::string_view uuid,
-                        std::string_view import_video_audio_preference, track_checkboxes& video_checkboxes,
+analysis_result analyze(const document_index& index, xml_node sequence, document_additions& additions,
+                        media_catalogues& catalogues, report_scope scope, track_checkboxes& video_checkboxes,
                         track_checkboxes& audio_checkboxes, diagnostics& out, progress& display);
 
 } // namespace tallyframe

@@ -14,21 +14,13 @@ namespace tallyframe {
 
 namespace {
 
-std::string link_xml_of(const clip_item& clip)
-{
-    std::string markup;
-    for (const xml_node link : clip.links)
-        markup += link.markup();
-    return markup;
-}
-
 void add_clip_record(const analysis_walk& walk, const track_context& track, const clip_item& clip,
                      const file_record& file, const source_frames& source)
 {
     clip_record record = clip_record_of(walk, track, clip, file, source);
     record.audio_format = file.audio_format;
     record.samplerate = file.samplerate;
-    record.link_xml = link_xml_of(clip);
+    record.audio_item = clip.element;
 
     auto& records = walk.result.audio_clip_data_array;
     drop_overlapped_clips(walk, track, clip, records);
@@ -48,7 +40,7 @@ void analyze_audio_clip(analysis_walk& walk, const track_context& track, xml_nod
     const clip_item clip = read_clip_item(walk, track, element, item_number);
     double speed = 100;
     if (const file_record* file = listed_file_of(walk, clip)) {
-        const source_frames source = source_frames_of(clip, *file, walk.result.seq_fcp_rate);
+        const source_frames source = source_frames_of(walk, clip, *file);
         walk.src_start_frame = source.first;
         speed = source.speed;
 

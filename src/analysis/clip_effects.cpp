@@ -1,22 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "analysis/clip_effects.h"
 
-#include "document/text_values.h"
+#include "text/letter_case.h"
+
+#include <algorithm>
 
 namespace tallyframe {
 
 bool has_child_with_text(xml_node element, std::string_view child_name, std::string_view text)
 {
-    for (xml_node child = element.first_element(); child; child = child.next_element()) {
-        if (child.has_name(child_name) && child.text_is(text))
-            return true;
-    }
-    return false;
+    return std::ranges::any_of(element.children(), [child_name, text](xml_node child) {
+        return child.has_name(child_name) && child.text_is(text);
+    });
 }
 
 xml_node parameter_of(xml_node effect, std::string_view parameterid)
 {
-    for (xml_node child = effect.first_element(); child; child = child.next_element()) {
+    for (const xml_node child : effect.children()) {
         if (child.has_name("parameter") && has_child_with_text(child, "parameterid", parameterid))
             return child;
     }
@@ -34,7 +34,7 @@ xml_node time_remap_value(const std::vector<clip_effect>& effects, std::string_v
     for (const clip_effect& each : effects) {
         if (!has_child_with_text(each.effect, "effectid", "timeremap"))
             continue;
-        for (xml_node child = each.effect.first_element(); child; child = child.next_element()) {
+        for (const xml_node child : each.effect.children()) {
             if (!child.has_name("parameter") || !has_child_with_text(child, "parameterid", parameterid))
                 continue;
             if (const xml_node value = child.child("value"))

@@ -4,6 +4,9 @@
 #include "analysis/clip_notes.h"
 #include "analysis/frame_numbers.h"
 #include "document/text_values.h"
+#include "text/letter_case.h"
+
+#include <fmt/format.h>
 
 #include <algorithm>
 #include <string_view>
@@ -19,7 +22,7 @@ constexpr std::string_view rule = "\n-------------------------------------------
 struct clip_item_children {
     xml_node name, enabled, file, masterclipid, start, end, in, out, duration;
     note_groups notes;
-    std::vector<xml_node> filters, links, markers, subclipinfos;
+    std::vector<xml_node> filters, markers, subclipinfos;
 };
 
 struct single_child {
@@ -46,15 +49,14 @@ constexpr std::array single_children = {
 
 constexpr std::array repeated_children = {
     repeated_child{"filter", &clip_item_children::filters},
-    repeated_child{"link", &clip_item_children::links},
     repeated_child{"marker", &clip_item_children::markers},
     repeated_child{"subclipinfo", &clip_item_children::subclipinfos},
 };
 
-clip_item_children children_of(xml_node element)
+clip_item_children children_of(xml_node element, const document_additions& additions)
 {
     clip_item_children children;
-    for (xml_node child = element.first_element(); child; child = child.next_element()) {
+    for (const xml_node child : element.children()) {
         const std::string_view name = child.name();
         if (!child.has_name(name)) // of a foreign namespace
             continue;
@@ -66,6 +68,8 @@ clip_item_children children_of(xml_node element)
             if (name == known.element && !(children.*known.first))
                 children.*known.first = child;
         }
+        if (name == "sequence" && !children.file)
+            children.file = additions.file_before(child);
         for (std::size_t i = 0; i < inherited_groups.size(); ++i) {
             if (name == inherited_groups[i])
                 children.notes[i].push_back(child);
@@ -80,8 +84,8 @@ void report_start(const analysis_walk& walk, const track_context& track, xml_nod
     const std::string track_title = "Track " + track.label;
     walk.display.advance("Analyzing Clips in "
                          + (walk.result.is_sequence ? track_title : track.bin.value_or("")) + "\n");
-    walk.out.write(std::string(rule) + " Analyzing Clips in " + track_title + " - working on item "
-                   + std::to_string(item_number) + " " + std::string(element.name()) + "\n");
+    walk.out.write(fmt::format("{} Analyzing Clips in {} - working on item {} {}\n", rule, track_title,
+                               item_number, element.name()));
 }
 
 clip_positions positions_in_sequence(const track_context& track, xml_node element,
@@ -131,7 +135,7 @@ std::vector<clip_effect> effects_of(const std::vector<xml_node>& filters)
     std::vector<clip_effect> effects;
     effects.reserve(filters.size());
     for (const xml_node filter : filters) {
-        for (xml_node child = filter.first_element(); child; child = child.next_element()) {
+        for (const xml_node child : filter.children()) {
             if (child.has_name("effect"))
                 effects.push_back({filter, child});
         }
@@ -146,7 +150,7 @@ clip_item read_clip_item(analysis_walk& walk, const track_context& track, xml_no
 {
     report_start(walk, track, element, item_number);
 
-    clip_item_children children = children_of(element);
+    clip_item_children children = children_of(element, walk.additions);
     clip_item clip;
     clip.element = element;
     if (children.name)
@@ -161,7 +165,6 @@ clip_item read_clip_item(analysis_walk& walk, const track_context& track, xml_no
                                             : "TRUE";
     clip.notes = read_notes(children.notes, children.masterclipid, walk.index, walk.texts, walk.master_notes);
     clip.effects = effects_of(children.filters);
-    clip.links = std::move(children.links);
     clip.markers = std::move(children.markers);
     return clip;
 }

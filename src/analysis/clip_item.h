@@ -32,7 +32,6 @@ struct clip_item {
     std::string enabled; ///< "FALSE" on a disabled track
     clip_notes notes;
     std::vector<clip_effect> effects; ///< in document order
-    std::vector<xml_node> links;
     std::vector<xml_node> markers;
 };
 

@@ -15,9 +15,8 @@ clip_record clip_record_of(const analysis_walk& walk, const track_context& track
 {
     for (const auto* shared : {&track.bin, &file.reel_name, &file.roll_name, &file.path, &file.samplerate})
         walk.texts.spend(*shared);
-    walk.texts.spend(file.displayformat);
     clip_record record;
-    record.track_position::operator=(position_of(walk, track, clip.positions.start, clip.positions.end));
+    record.place = position_of(walk, track, clip.positions.start, clip.positions.end);
     record.bin = track.bin;
     record.name = clip.name;
     record.src_start_frame = source.first;
@@ -37,7 +36,7 @@ generator_record generated_clip_record_of(const analysis_walk& walk, const track
                                           const clip_item& clip, std::string_view type)
 {
     generator_record record;
-    record.track_position::operator=(position_of(walk, track, clip.positions.start, clip.positions.end));
+    record.place = position_of(walk, track, clip.positions.start, clip.positions.end);
     record.name = clip.name;
     record.type = type;
     record.enabled = clip.enabled;
@@ -50,8 +49,8 @@ void drop_overlapped_clips(const analysis_walk& walk, const track_context& track
     if (!walk.result.is_sequence || clip.element.previous_element().has_name("transitionitem"))
         return;
     const std::int64_t seq_start_frame = clip.positions.start + walk.sequence_start_frame;
-    while (!records.empty() && records.back().track == track.label
-           && seq_start_frame <= records.back().seq_end_frame) {
+    while (!records.empty() && records.back().place.track == track.label
+           && seq_start_frame <= records.back().place.seq_end_frame) {
         walk.out.write(
             "\"sanity check for clips progressing in a track, progressing_track_clips = false\"\n");
         records.pop_back();

@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <unordered_set>
+#include <utility>
 
 namespace tallyframe {
 
@@ -19,8 +20,8 @@ struct marker_hash_of_all_fields {
             ((hash = hash * 1099511628211U + std::hash<std::decay_t<decltype(fields)>>{}(fields)), ...);
         };
         add(marker->name, marker->type, marker->comment, marker->in_point, marker->in_frame,
-            marker->out_point, marker->out_frame, marker->duration, marker->color, marker->track,
-            marker->track_name, marker->clip_name, marker->enabled, marker->src_in_frame,
+            marker->out_point, marker->out_frame, marker->duration, marker->color, marker->place.track,
+            marker->place.track_name, marker->clip_name, marker->enabled, marker->src_in_frame,
             marker->src_out_frame);
         return hash;
     }
@@ -38,26 +39,23 @@ void add_clip_markers(const analysis_walk& walk, const track_context& track, con
     const std::int64_t scaled_in = rounded_frames(static_cast<double>(clip.positions.in) * speed / 100);
     const std::int64_t scaled_out = rounded_frames(static_cast<double>(clip.positions.out) * speed / 100);
     for (const xml_node element : clip.markers) {
-        clip_marker_record marker;
-        marker.marker_record::operator=(marker_hash(element, walk.sequence_start_frame));
+        marker_record marker = marker_hash(element, walk.sequence_start_frame);
         // The same margin on both sides, so that a marker on the last two frames in use is left out.
         constexpr std::int64_t margin = 2;
         if (marker.in_point < scaled_in - margin || marker.out_point > scaled_out - margin)
             continue;
         walk.texts.spend(track.name);
         walk.texts.spend(clip.name);
-        marker.track = track.label;
-        marker.track_name = track.name;
-        marker.clip_name = clip.name;
-        marker.enabled = clip.enabled;
         marker.in_frame = clip.positions.start + (marker.in_frame - scaled_in);
         marker.out_frame = marker.in_frame + marker.duration;
+        clip_marker_record record{
+            std::move(marker), {track.label, track.name}, clip.name, clip.enabled, {}, {}};
         if (walk.src_start_frame) {
             // Counted from the place in the sequence, as older lists have it.
-            marker.src_in_frame = *walk.src_start_frame + static_cast<double>(marker.in_frame - scaled_in);
-            marker.src_out_frame = *marker.src_in_frame + static_cast<double>(marker.duration);
+            record.src_in_frame = *walk.src_start_frame + static_cast<double>(record.in_frame - scaled_in);
+            record.src_out_frame = *record.src_in_frame + static_cast<double>(record.duration);
         }
-        records.push_back(std::move(marker));
+        records.push_back(std::move(record));
     }
 }
 

@@ -2,6 +2,7 @@
 #include "analysis/clip_notes.h"
 
 #include "document/text_values.h"
+#include "text/trimmed.h"
 
 #include <algorithm>
 #include <span>
@@ -75,7 +76,7 @@ void read_group(clip_notes& notes, std::size_t group, const std::vector<xml_node
         notes.label = label_of(elements);
     const std::span<const note> table = notes_of(group);
     for (const xml_node element : elements) {
-        for (xml_node child = element.first_element(); child; child = child.next_element()) {
+        for (const xml_node child : element.children()) {
             const auto known = std::ranges::find_if(
                 table, [child](const note& each) { return child.has_name(each.element); });
             if (known != table.end() && !(notes.*(known->text)))
@@ -110,7 +111,7 @@ clip_notes read_notes(const note_groups& groups, xml_node masterclipid, const do
             read_group(notes, i, groups[i]);
             continue;
         }
-        const auto [entry, is_new] = known.try_emplace(inherited.get());
+        const auto [entry, is_new] = known.try_emplace(inherited);
         if (is_new)
             read_group(entry->second, i, {inherited});
         take_group(notes, i, entry->second, texts);

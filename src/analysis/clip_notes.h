@@ -2,8 +2,8 @@
 #pragma once
 
 #include "analysis/clip_record.h"
-#include "analysis/text_budget.h"
 #include "document/document_index.h"
+#include "document/text_budget.h"
 #include "document/xml_node.h"
 
 #include <array>
@@ -16,7 +16,7 @@ namespace tallyframe {
 using note_groups = std::array<std::vector<xml_node>, inherited_groups.size()>;
 
 /// The notes of each group of a master clip that has been asked for: many clip items may share one.
-using master_clip_notes = std::unordered_map<const _xmlNode*, clip_notes>;
+using master_clip_notes = std::unordered_map<xml_node, clip_notes>;
 
 /// The notes in these groups, trimmed; the first of several counts. A group that the clip item lacks is that
 /// of its master clip, spent of the budget.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "document/xml_node.h"
+#include "timecode/display_format.h"
 #include "timecode/frame_rates.h"
 
 #include <cstdint>
@@ -45,7 +47,8 @@ struct clip_notes {
 ///
 /// Source frames count on the media's own timecode at fcp_rate; they are fractional only when the media's
 /// first timecode is.
-struct clip_record : track_position {
+struct clip_record {
+    track_position place;
     bool isImage = false;
     std::optional<std::string> bin; ///< the bin's name, outside sequences
     std::optional<std::string> name;
@@ -55,7 +58,7 @@ struct clip_record : track_position {
     std::optional<frame_rate> fcp_rate;
     std::optional<std::string> type; ///< the rate's display name; what generates a generated item
     std::optional<std::string> frame_size;
-    std::optional<std::string> displayformat;
+    display_format displayformat = display_format::unknown;
     std::optional<std::string> video_format;
     std::optional<std::string> audio_format;
     std::optional<std::string> samplerate; ///< audio: samples a second, as written
@@ -65,7 +68,7 @@ struct clip_record : track_position {
     std::optional<std::string> path;
     std::optional<rational> image_time; ///< video: in-point in seconds from the start of the media
     std::string enabled = "TRUE";
-    std::optional<std::string> link_xml; ///< audio: markup of the clip item's links
+    xml_node audio_item; ///< audio: the clip item, for as long as the document is loaded
 };
 
 } // namespace tallyframe

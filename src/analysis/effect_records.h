@@ -10,7 +10,8 @@
 namespace tallyframe {
 
 /// A title, slug, colour matte or other generated item.
-struct generator_record : track_position {
+struct generator_record {
+    track_position place;
     std::optional<std::string> name;
     std::string type; ///< "Slug", "BarsAndTone", "GraphicAndType", an effect's name, or "Unknown"
     std::string font; ///< names joined with ", "
@@ -18,14 +19,16 @@ struct generator_record : track_position {
     std::string enabled = "TRUE";
 };
 
-struct transition_record : track_position {
+struct transition_record {
+    track_position place;
     std::string name; ///< "Dissolve ▸ Cross Dissolve"
     bool apple = false; ///< a built-in one
     std::string enabled = "TRUE";
 };
 
 /// A filter that is switched on, with the place and state of its clip.
-struct filter_record : track_position {
+struct filter_record {
+    track_position place; ///< that of the clip
     std::string name;
     bool apple = false; ///< a built-in one
     std::string enabled = "TRUE";
@@ -33,16 +36,24 @@ struct filter_record : track_position {
 };
 
 /// A motion setting of a clip that differs from its neutral value.
-struct motion_record : track_position {
+struct motion_record {
+    track_position place; ///< that of the clip
     std::string name; ///< "Scale (50%)"
     std::string enabled = "TRUE";
     std::optional<std::string> clip_name;
 };
 
-/// A marker of a clip: in_frame and out_frame count on the sequence, the source frames on the clip's media.
-struct clip_marker_record : marker_record {
+/// The track of a marker's clip, as in track_position.
+struct marker_place {
     std::string track;
     std::string track_name;
+
+    bool operator==(const marker_place&) const = default;
+};
+
+/// A marker of a clip: in_frame and out_frame count on the sequence, the source frames on the clip's media.
+struct clip_marker_record : marker_record {
+    marker_place place;
     std::optional<std::string> clip_name;
     std::string enabled = "TRUE";
     std::optional<double> src_in_frame; ///< nothing before any clip has set the source start

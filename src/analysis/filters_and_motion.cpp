@@ -3,8 +3,7 @@
 
 #include "analysis/clip_effects.h"
 #include "analysis/effect_catalogue.h"
-#include "document/text_values.h"
-#include "platform/failures.h"
+#include "run/failures.h"
 #include "timecode/frame_rates.h"
 
 #include <fmt/format.h>
@@ -67,16 +66,17 @@ bool is_distorted(xml_node effect)
         {"lrcorner", "0.5", "0.5"},
         {"llcorner", "-0.5", "0.5"},
     }};
-    return std::any_of(neutral_corners.begin(), neutral_corners.end(),
-                       [effect](const corner& each) {
-                           return point_differs(parameter_of(effect, each.parameterid), each.horiz,
-                                                each.vert);
-                       })
+    return std::ranges::any_of(neutral_corners,
+                               [effect](const corner& each) {
+                                   return point_differs(parameter_of(effect, each.parameterid), each.horiz,
+                                                        each.vert);
+                               })
         || differs(parameter_of(effect, "aspect").first_descendant("value"), "0");
 }
 
 /// Gives a keyframed scale all its values in one text.
-void join_keyframes(const track_context& track, const clip_item& clip, xml_node scale)
+void join_keyframes(const analysis_walk& walk, const track_context& track, const clip_item& clip,
+                    xml_node scale)
 {
     if (!scale.child("keyframe"))
         return;
@@ -88,23 +88,25 @@ void join_keyframes(const track_context& track, const clip_item& clip, xml_node 
         joined += value.text();
         is_first = false;
     }
-    xml_node value = scale.child("value");
+    const xml_node value = scale.child("value");
     if (!value)
         throw analysis_error(description_of(track, clip.element)
                              + " has a keyframed scale without a \"value\" element. Set its scale anew, then"
                                " export the document again.");
-    value.set_text(joined);
+    walk.additions.join_scale(value, std::move(joined));
 }
 
 /// The names of the records that a basic motion effect gives: scale, rotation, centre, anchor.
-std::vector<std::string> basic_motion_names(const track_context& track, const clip_item& clip,
-                                            xml_node effect)
+std::vector<std::string> basic_motion_names(const analysis_walk& walk, const track_context& track,
+                                            const clip_item& clip, xml_node effect)
 {
     std::vector<std::string> names;
     if (const xml_node scale = parameter_of(effect, "scale")) {
-        join_keyframes(track, clip, scale);
-        if (const xml_node value = scale.child("value"); differs(value, "100"))
-            names.push_back(name_of(scale) + " (" + value.text() + "%)");
+        join_keyframes(walk, track, clip, scale);
+        if (const xml_node value = scale.child("value")) {
+            if (const std::string text = walk.additions.text_of(value); text != "100")
+                names.push_back(name_of(scale) + " (" + text + "%)");
+        }
     }
     if (const xml_node rotation = parameter_of(effect, "rotation");
         differs(rotation.first_descendant("value"), "0"))
@@ -123,13 +125,13 @@ std::string time_remap_name(xml_node effect, double speed)
 }
 
 /// The names of the records that a motion effect gives. Only effects of the last kind heed their switch.
-std::vector<std::string> motion_names(const track_context& track, const clip_item& clip,
-                                      const clip_effect& each, double speed)
+std::vector<std::string> motion_names(const analysis_walk& walk, const track_context& track,
+                                      const clip_item& clip, const clip_effect& each, double speed)
 {
     const xml_node effect = each.effect;
     const std::string effectid = effect.child("effectid").text();
     if (effectid == "basic")
-        return basic_motion_names(track, clip, effect);
+        return basic_motion_names(walk, track, clip, effect);
     if (effectid == "timeremap")
         return {time_remap_name(effect, speed)};
 
@@ -146,7 +148,7 @@ Record record_on(const analysis_walk& walk, const track_context& track, const cl
 {
     walk.texts.spend(clip.name);
     Record record;
-    record.track_position::operator=(position_of(walk, track, clip.positions.start, clip.positions.end));
+    record.place = position_of(walk, track, clip.positions.start, clip.positions.end);
     record.enabled = clip.enabled;
     record.clip_name = clip.name;
     return record;
@@ -174,7 +176,7 @@ void add_motion(const analysis_walk& walk, const track_context& track, const cli
     for (const clip_effect& each : clip.effects) {
         if (!has_child_with_text(each.effect, "effecttype", "motion"))
             continue;
-        for (std::string& name : motion_names(track, clip, each, speed)) {
+        for (std::string& name : motion_names(walk, track, clip, each, speed)) {
             auto record = record_on<motion_record>(walk, track, clip);
             record.name = std::move(name);
             records.push_back(std::move(record));

@@ -16,7 +16,7 @@ void add_filters(const analysis_walk& walk, const track_context& track, const cl
 /// Appends a record for each motion setting of the clip that differs from its neutral value; values are
 /// compared as text ("0.0" is not "0"). `speed` in percent, negative for a reversed clip.
 ///
-/// The values of a keyframed scale are joined ("50%, 75%, 100") and written into the document. Throws
+/// The values of a keyframed scale are joined ("50%, 75%, 100") in the additions. Throws
 /// analysis_error when the parameter has no place for them.
 void add_motion(const analysis_walk& walk, const track_context& track, const clip_item& clip, double speed,
                 std::vector<motion_record>& records);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "document/text_values.h"
+#include "text/leading_numbers.h"
 
 #include <algorithm>
 #include <cmath>

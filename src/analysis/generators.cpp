@@ -5,7 +5,7 @@
 #include "analysis/clip_listing.h"
 #include "analysis/frame_numbers.h"
 #include "analysis/title_text.h"
-#include "platform/failures.h"
+#include "run/failures.h"
 
 #include <fmt/ranges.h>
 
@@ -83,7 +83,7 @@ generator_record generator_record_of(const analysis_walk& walk, const track_cont
     const std::int64_t end = generator_position(track, generatoritem, generatoritem.next_element(), "end");
 
     generator_record record;
-    record.track_position::operator=(position_of(walk, track, start, end));
+    record.place = position_of(walk, track, start, end);
     if (const xml_node name = generatoritem.first_descendant("name"))
         record.name = name.text();
     record.type = type_of(generatoritem);
@@ -106,7 +106,7 @@ generator_record graphic_record_of(const analysis_walk& walk, const track_contex
         for (const xml_node parameter : each.effect.all("parameter")) {
             const xml_node value = parameter.child("value");
             if (value && has_child_with_text(parameter, "name", "Source Text"))
-                read_source_text(value.text(), title);
+                read_source_text(walk.additions.text_of(value), title);
         }
     }
     generator_record record = generated_clip_record_of(walk, track, clip, graphic_path);

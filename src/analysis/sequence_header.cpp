@@ -2,8 +2,10 @@
 #include "analysis/sequence_header.h"
 
 #include "analysis/frame_numbers.h"
-#include "document/text_values.h"
-#include "platform/failures.h"
+#include "run/failures.h"
+#include "text/leading_numbers.h"
+#include "text/letter_case.h"
+#include "text/visible_text.h"
 
 #include <string>
 #include <string_view>
@@ -56,12 +58,13 @@ frame_rate rate_of(xml_node sequence)
     return row->fcp_rate;
 }
 
-std::string displayformat_of(xml_node sequence)
+display_format displayformat_of(xml_node sequence)
 {
-    if (auto displayformat = sequence.text_of("timecode/displayformat"))
-        return std::move(*displayformat);
+    if (const auto displayformat = sequence.text_of("timecode/displayformat"))
+        return display_format_of(*displayformat);
     const auto timecode = sequence.text_of("timecode/string");
-    return timecode && timecode->find(';') != std::string::npos ? "DF" : "NDF";
+    return timecode && timecode->find(';') != std::string::npos ? display_format::drop_frame
+                                                                : display_format::non_drop_frame;
 }
 
 } // namespace

@@ -2,7 +2,7 @@
 #include "analysis/source_frames.h"
 
 #include "analysis/clip_effects.h"
-#include "document/text_values.h"
+#include "text/leading_numbers.h"
 
 #include <cmath>
 #include <cstdint>
@@ -19,8 +19,7 @@ std::optional<double> if_finite(double number)
 
 } // namespace
 
-source_frames source_frames_of(const clip_item& clip, const file_record& file,
-                               std::optional<frame_rate> seq_fcp_rate)
+source_frames source_frames_of(const analysis_walk& walk, const clip_item& clip, const file_record& file)
 {
     const clip_positions& positions = clip.positions;
     const std::optional<std::int64_t> media_duration =
@@ -31,11 +30,12 @@ source_frames source_frames_of(const clip_item& clip, const file_record& file,
     // write speeds there that are not in force.
     if (media_duration != positions.duration) {
         if (const xml_node speed = time_remap_value(clip.effects, "speed"))
-            source.speed = std::abs(leading_number(speed.text()));
+            source.speed = std::abs(leading_number(walk.additions.text_of(speed)));
     }
     const xml_node reverse = time_remap_value(clip.effects, "reverse");
-    source.is_reversed = reverse && !reverse.text_is("FALSE");
+    source.is_reversed = reverse && walk.additions.text_of(reverse) != "FALSE";
 
+    const std::optional<frame_rate> seq_fcp_rate = walk.result.seq_fcp_rate;
     double to_media_rate = 1;
     double from_sequence_rate = 1;
     if (seq_fcp_rate && file.fcp_rate

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "analysis/analysis_walk.h"
 #include "analysis/clip_item.h"
 #include "analysis/clip_record.h"
 #include "media/media_files.h"
-#include "timecode/frame_rates.h"
 
 #include <optional>
 
@@ -18,9 +18,8 @@ struct source_frames {
     bool is_reversed = false;
 };
 
-/// `seq_fcp_rate`: nothing for a clip of a bin, whose positions count at the media's rate already.
-source_frames source_frames_of(const clip_item& clip, const file_record& file,
-                               std::optional<frame_rate> seq_fcp_rate);
+/// The positions of a clip of a bin count at the media's rate already, others at that of the sequence.
+source_frames source_frames_of(const analysis_walk& walk, const clip_item& clip, const file_record& file);
 
 /// The first source frame in seconds from the start of the media. Nothing without a usable rate, or when the
 /// fraction does not fit.

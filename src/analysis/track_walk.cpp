@@ -5,7 +5,7 @@
 #include "analysis/generators.h"
 #include "analysis/transitions.h"
 #include "analysis/video_clip.h"
-#include "document/text_values.h"
+#include "text/letter_case.h"
 
 #include <algorithm>
 #include <span>
@@ -21,10 +21,9 @@ constexpr std::string_view audio_items[] = {"clipitem", "transitionitem"};
 
 std::int64_t item_count(xml_node track, std::span<const std::string_view> kinds)
 {
-    std::int64_t count = 0;
-    for (xml_node item = track.first_element(); item; item = item.next_element())
-        count += std::any_of(kinds.begin(), kinds.end(), [item](auto kind) { return item.has_name(kind); });
-    return count;
+    return std::ranges::count_if(track.children(), [kinds](xml_node item) {
+        return std::ranges::any_of(kinds, [item](std::string_view kind) { return item.has_name(kind); });
+    });
 }
 
 std::int64_t item_count(const std::vector<xml_node>& tracks, std::span<const std::string_view> kinds)
@@ -82,7 +81,7 @@ template <class Analyze>
 void for_each_item(xml_node track, std::string_view kind, const Analyze& analyze_item)
 {
     std::size_t number = 0;
-    for (xml_node item = track.first_element(); item; item = item.next_element()) {
+    for (const xml_node item : track.children()) {
         if (item.has_name(kind))
             analyze_item(item, ++number);
     }

@@ -13,7 +13,7 @@ transition_record transition_record_of(const analysis_walk& walk, const track_co
     const std::int64_t end = frame_number(required_text(track, transitionitem, "end"));
 
     transition_record record;
-    record.track_position::operator=(position_of(walk, track, start, end));
+    record.place = position_of(walk, track, start, end);
     if (const auto category = transitionitem.text_of("effect/effectcategory"))
         record.name = *category + " ▸ ";
     record.name += transitionitem.text_of("effect/name").value_or("");

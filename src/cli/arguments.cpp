@@ -5,6 +5,9 @@
 #include "cli/known_names.h"
 #include "platform/application.h"
 #include "report/time_cells.h"
+#include "sheets/sheet_kinds.h"
+#include "text/trimmed.h"
+#include "text/visible_text.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
@@ -12,6 +15,7 @@
 #include <algorithm>
 #include <charconv>
 #include <optional>
+#include <system_error>
 
 namespace tallyframe::cli {
 
@@ -31,22 +35,6 @@ struct raw_report_flags {
     std::string columns;
     std::string thumbnails;
     std::vector<std::string> media_map;
-};
-
-struct sheet_flag {
-    const char* name;
-    bool report_options::*sheet;
-    const char* help;
-};
-
-constexpr sheet_flag sheet_flags[] = {
-    {"--no-markers", &report_options::markers_sheets, R"(Leave out "Sequence Markers" and "Clip Markers")"},
-    {"--no-generators", &report_options::generators_sheet, R"(Leave out "Graphics & Titles")"},
-    {"--no-transitions", &report_options::transitions_sheet, R"(Leave out "Transitions")"},
-    {"--no-filters", &report_options::filters_sheet, R"(Leave out "Filters")"},
-    {"--no-motion", &report_options::motion_sheet, R"(Leave out "Motion Effects")"},
-    {"--no-files-summary", &report_options::summary_sheet, R"(Leave out "Files Summary")"},
-    {"--no-reels", &report_options::reel_sheets, R"(Leave out "Reels Summary" and the sheets per reel)"},
 };
 
 struct color_flag {
@@ -124,10 +112,11 @@ void add_content_flags(CLI::App& report, raw_report_flags& raw, report_options& 
 
 void add_sheet_flags(CLI::App& report, report_options& options)
 {
-    for (const sheet_flag& flag : sheet_flags)
+    for (const sheet_option& choice : sheet_options())
         report
             .add_flag_callback(
-                flag.name, [&options, &flag] { options.*flag.sheet = false; }, flag.help)
+                choice.flag, [&options, &choice] { options.*choice.option = false; },
+                fmt::format("Leave out {}", choice.sheets))
             ->group("Sheets");
 }
 
@@ -163,14 +152,18 @@ void add_media_flags(CLI::App& report, raw_report_flags& raw, report_request& re
         ->allow_extra_args(false);
 }
 
-/// The items of "a,b,c" with blanks around them dropped; none for an empty list.
+/// The items of "a,b,c" with blanks around them dropped; none for an empty list, and none after a comma at
+/// its end.
 std::vector<std::string> split_list(std::string_view list)
 {
     std::vector<std::string> items;
-    if (CLI::detail::trim_copy(std::string(list)).empty())
+    if (trimmed(list).empty())
         return items;
-    for (const std::string& item : CLI::detail::split(std::string(list), ','))
-        items.push_back(CLI::detail::trim_copy(item));
+    while (!list.empty()) {
+        const std::size_t comma = std::min(list.find(','), list.size());
+        items.emplace_back(trimmed(list.substr(0, comma)));
+        list.remove_prefix(std::min(comma + 1, list.size()));
+    }
     return items;
 }
 
@@ -200,18 +193,18 @@ std::vector<time_format> chosen_time_formats(const CLI::App& report, const char*
 void apply_adjustment(const std::string& text, time_adjustments& adjustments)
 {
     const std::size_t equals = text.find('=');
-    std::string number = equals == std::string::npos ? "" : CLI::detail::trim_copy(text.substr(equals + 1));
+    std::string_view number =
+        equals == std::string::npos ? std::string_view() : trimmed(std::string_view(text).substr(equals + 1));
     if (number.size() > 1 && number.front() == '+' && number[1] != '-')
-        number.erase(0, 1);
+        number.remove_prefix(1);
     std::int32_t frames = 0;
     const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), frames);
     if (number.empty() || error != std::errc() || end != number.data() + number.size()) {
-        throw usage_error(
-            fmt::format("--adjust: \"{}\" is no adjustment. Write a time format, \"=\" and a whole "
-                        "number of frames, such as Timecode=+1.",
-                        text));
+        throw usage_error(fmt::format("--adjust: {} is no adjustment. Write a time format, \"=\" and a whole "
+                                      "number of frames, such as Timecode=+1.",
+                                      visible_name(text)));
     }
-    const std::string name = CLI::detail::trim_copy(text.substr(0, equals));
+    const std::string_view name = trimmed(std::string_view(text).substr(0, equals));
     adjustment_of(adjustments, time_format_named(name, "--adjust")) = frames;
 }
 
@@ -232,9 +225,9 @@ void apply_thumbnails(const std::string& width, report_options& options)
     if (error != std::errc() || end != width.data() + width.size() || pixels < narrowest_thumbnail
         || pixels > widest_thumbnail) {
         throw usage_error(
-            fmt::format("--thumbnails: \"{}\" is no width. Write a whole number of pixels from {} to "
+            fmt::format("--thumbnails: {} is no width. Write a whole number of pixels from {} to "
                         "{}, such as --thumbnails=320.",
-                        width, narrowest_thumbnail, widest_thumbnail));
+                        visible_name(width), narrowest_thumbnail, widest_thumbnail));
     }
     options.inpoint_thumbnail_jpegs = true;
     options.thumbnail_width = pixels;
@@ -244,10 +237,10 @@ media_mapping mapping_of(const std::string& text)
 {
     const std::size_t equals = text.find('=');
     if (equals == 0 || equals == std::string::npos || equals + 1 == text.size()) {
-        throw usage_error(fmt::format("--media-map: \"{}\" is no mapping. Write the folder that the document "
+        throw usage_error(fmt::format("--media-map: {} is no mapping. Write the folder that the document "
                                       "names, \"=\" and the folder where its files are now, such as "
                                       "/Volumes/Media=/mnt/media.",
-                                      text));
+                                      visible_name(text)));
     }
     return {text.substr(0, equals), text.substr(equals + 1)};
 }
@@ -259,8 +252,10 @@ void fill_in_media(const CLI::App& report, const raw_report_flags& raw, report_r
     for (const std::string& mapping : raw.media_map)
         request.media_map.push_back(mapping_of(mapping));
     for (const std::filesystem::path& folder : request.media_search) {
-        if (!std::filesystem::is_directory(folder))
-            throw usage_error(fmt::format("--media-search: there is no folder \"{}\".", folder.string()));
+        std::error_code unreadable;
+        if (!std::filesystem::is_directory(folder, unreadable))
+            throw usage_error(
+                fmt::format("--media-search: there is no folder {}.", visible_name(folder.string())));
     }
 }
 
@@ -306,9 +301,9 @@ void refuse_unknown_command(const std::vector<std::string>& arguments)
         || std::find(std::begin(commands), std::end(commands), arguments.front()) != std::end(commands))
         return;
     throw usage_error(
-        fmt::format("There is no command \"{}\". The commands are list, report and help: start with "
+        fmt::format("There is no command {}. The commands are list, report and help: start with "
                     "`tallyframe report FILE.xml`.",
-                    arguments.front()));
+                    visible_name(arguments.front())));
 }
 
 /// The arguments from the last to the first, as CLI11 takes them. "help report" is "report --help", and
@@ -384,8 +379,9 @@ std::optional<std::string> parse(CLI::App& app, const std::vector<std::string>& 
         const auto chosen = app.get_subcommands();
         return help_text(chosen.empty() ? app : *chosen.front());
     } catch (const CLI::ParseError& error) {
-        throw usage_error(fmt::format(
-            "{}\n`tallyframe help` and `tallyframe help report` show how it is used.", error.what()));
+        throw usage_error(
+            fmt::format("{}\n`tallyframe help` and `tallyframe help report` show how it is used.",
+                        visible_text(error.what())));
     }
     return std::nullopt;
 }

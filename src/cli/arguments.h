@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/media_tools/mapped_media.h"
+#include "analysis/report_scope.h"
+#include "media_files/mapped_media.h"
 #include "report/report_options.h"
 
 #include <filesystem>
@@ -29,7 +30,7 @@ struct report_request {
     std::filesystem::path document;
     std::optional<std::filesystem::path> output;
     item_choice item;
-    std::string scope = "video + audio";
+    report_scope scope = report_scope::video_audio;
     std::optional<std::vector<std::string>> tracks; ///< labels of the ticked tracks; nothing for all
     report_options options;
     std::vector<media_mapping> media_map;

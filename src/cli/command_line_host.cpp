@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "cli/command_line_host.h"
 
-#include "document/text_values.h"
-#include "platform/badge_text.h"
-#include "platform/failures.h"
+#include "run/badge_text.h"
+#include "run/failures.h"
+#include "text/shortened.h"
+#include "text/visible_text.h"
 
 #include <fmt/format.h>
-#include <fmt/ostream.h>
 
 #include <csignal>
 
@@ -22,18 +22,12 @@ void request_stop(int signal_number)
     std::signal(signal_number, SIG_DFL);
 }
 
-void leave_if_stopped()
-{
-    if (stop_requested != 0)
-        throw run_cancelled();
-}
-
 /// The first line of a message, as much of it as stands beside the percentage in a line of 80 characters: a
 /// longer line would break, and the next one could not take its place.
 std::string shown_line(std::string_view message)
 {
     constexpr std::size_t longest = 72;
-    return shortened(message.substr(0, message.find('\n')), longest);
+    return shortened(visible_text(message.substr(0, message.find('\n'))), longest);
 }
 
 } // namespace
@@ -56,14 +50,14 @@ void stream_diagnostics::write(std::string_view text)
 
 void line_progress::begin(std::int64_t progress_bar_length)
 {
-    leave_if_stopped();
+    leave_if_cancelled();
     value_ = 0;
     length_ = progress_bar_length;
 }
 
 void line_progress::advance(std::string_view message)
 {
-    leave_if_stopped();
+    leave_if_cancelled();
     ++value_;
     if (!shown_)
         return;
@@ -74,7 +68,7 @@ void line_progress::advance(std::string_view message)
 
 void line_progress::show_message(std::string_view message)
 {
-    leave_if_stopped();
+    leave_if_cancelled();
     if (!shown_)
         return;
     message_ = shown_line(message);
@@ -95,6 +89,12 @@ void line_progress::end()
     message_.clear();
 }
 
+void line_progress::leave_if_cancelled()
+{
+    if (stop_requested != 0)
+        throw run_cancelled();
+}
+
 void line_progress::show(const std::string& line)
 {
     if (line == line_)
@@ -107,7 +107,7 @@ void line_progress::show(const std::string& line)
 
 void printing_workspace::open_folder(const std::filesystem::path& folder)
 {
-    fmt::print(err_, "The thumbnails are in {}\n", folder.string());
+    err_ << fmt::format("The thumbnails are in {}\n", visible_text(folder.string()));
 }
 
 } // namespace tallyframe::cli

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/diagnostics.h"
-#include "platform/progress.h"
 #include "platform/workspace.h"
+#include "run/diagnostics.h"
+#include "run/progress.h"
 
 #include <cstdint>
 #include <ostream>
@@ -36,6 +36,7 @@ public:
     void show_message(std::string_view message) override;
     void spin(std::string_view message) override;
     void end() override;
+    void leave_if_cancelled() override;
 
 private:
     void show(const std::string& line);

@@ -3,7 +3,8 @@
 
 #include "cli/arguments.h"
 #include "report/column_switches.h"
-#include "workbook/format.h"
+#include "text/visible_text.h"
+#include "writers/text_colors.h"
 
 #include <fmt/format.h>
 
@@ -15,10 +16,10 @@ namespace tallyframe::cli {
 
 namespace {
 
-constexpr std::array<std::pair<std::string_view, std::string_view>, 3> scopes = {{
-    {"video+audio", "video + audio"},
-    {"video", "video"},
-    {"audio", "audio"},
+constexpr std::array<std::pair<std::string_view, report_scope>, 3> scopes = {{
+    {"video+audio", report_scope::video_audio},
+    {"video", report_scope::video},
+    {"audio", report_scope::audio},
 }};
 
 /// The names of a table's entries, as a list in a sentence.
@@ -41,17 +42,17 @@ time_format time_format_named(std::string_view name, std::string_view flag)
             return known.format;
     }
     throw usage_error(
-        fmt::format("{}: there is no time format \"{}\". The formats are {}.", flag, name,
+        fmt::format("{}: there is no time format {}. The formats are {}.", flag, visible_name(name),
                     listed(time_formats, [](const time_format_name& known) { return known.name; })));
 }
 
-std::string scope_named(std::string_view name)
+report_scope scope_named(std::string_view name)
 {
-    for (const auto& [known, preference] : scopes) {
+    for (const auto& [known, scope] : scopes) {
         if (known == name)
-            return std::string(preference);
+            return scope;
     }
-    throw usage_error(fmt::format("--scope: there is no scope \"{}\". The scopes are {}.", name,
+    throw usage_error(fmt::format("--scope: there is no scope {}. The scopes are {}.", visible_name(name),
                                   listed(scopes, [](const auto& known) { return known.first; })));
 }
 
@@ -62,17 +63,17 @@ std::string checkbox_titled(std::string_view title)
             return std::string(title);
     }
     throw usage_error(fmt::format(
-        "--columns: there is no column \"{}\". The columns are {}.", title,
+        "--columns: there is no column {}. The columns are {}.", visible_name(title),
         listed(all_column_switches, [](const column_switch_entry& known) { return known.title; })));
 }
 
 void check_color(std::string_view name, std::string_view flag)
 {
-    if (!xls::is_color(name)) {
-        throw usage_error(fmt::format(
-            "{}: there is no color \"{}\". The colors are {}, or #RRGGBB such as "
-            "#FF8800.",
-            flag, name, listed(xls::color_names(), [](std::string_view known) { return known; })));
+    if (!color_value(name)) {
+        throw usage_error(fmt::format("{}: there is no color {}. The colors are {}, or #RRGGBB such as "
+                                      "#FF8800.",
+                                      flag, visible_name(name),
+                                      listed(color_names(), [](std::string_view known) { return known; })));
     }
 }
 

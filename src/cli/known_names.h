@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "analysis/report_scope.h"
 #include "report/report_options.h"
 
 #include <string>
@@ -13,8 +14,8 @@ namespace tallyframe::cli {
 
 time_format time_format_named(std::string_view name, std::string_view flag);
 
-/// The value of import_video_audio_preference for "video+audio", "video" or "audio".
-std::string scope_named(std::string_view name);
+/// "video+audio", "video" or "audio".
+report_scope scope_named(std::string_view name);
 
 /// The title itself, when a column layout knows it.
 std::string checkbox_titled(std::string_view title);

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "cli/menu_listing.h"
 
+#include "text/utf8.h"
+#include "text/visible_text.h"
+
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
@@ -12,28 +15,16 @@ namespace {
 
 constexpr std::size_t widest_title = 60; // longer titles push their own identifier aside, not all others
 
-/// A title on one line: control characters would break the table, or the terminal.
-std::string on_one_line(std::string title)
-{
-    std::replace_if(
-        title.begin(), title.end(),
-        [](unsigned char character) { return character < 0x20 || character == 0x7f; }, ' ');
-    return title;
-}
-
-std::size_t code_points(std::string_view text)
-{
-    return static_cast<std::size_t>(
-        std::count_if(text.begin(), text.end(), [](unsigned char byte) { return (byte & 0xc0U) != 0x80; }));
-}
-
 } // namespace
 
 std::string menu_as_table(const std::vector<catalogue_entry>& menu)
 {
+    std::vector<std::string> titles;
     std::size_t title_width = 0;
-    for (const catalogue_entry& entry : menu)
-        title_width = std::max(title_width, std::min(code_points(entry.title), widest_title));
+    for (const catalogue_entry& entry : menu) {
+        titles.push_back(visible_text(entry.title));
+        title_width = std::max(title_width, std::min(text_length(titles.back()), widest_title));
+    }
 
     std::string table;
     for (std::size_t i = 0; i < menu.size(); ++i) {
@@ -41,11 +32,10 @@ std::string menu_as_table(const std::vector<catalogue_entry>& menu)
             table += std::string(title_width + 6, '-') + "\n";
             continue;
         }
-        const std::string title = on_one_line(menu[i].title);
-        const std::size_t length = code_points(title);
+        const std::size_t length = text_length(titles[i]);
         const std::string padding(length < title_width ? title_width - length : 0, ' ');
         const std::string line =
-            fmt::format("{:>4}  {}{}  {}", i + 1, title, padding, on_one_line(menu[i].uuid));
+            fmt::format("{:>4}  {}{}  {}", i + 1, titles[i], padding, visible_text(menu[i].uuid));
         table += line.substr(0, line.find_last_not_of(' ') + 1) + "\n";
     }
     return table;
@@ -62,10 +52,10 @@ std::string menu_as_json(const std::vector<catalogue_entry>& menu)
 std::string empty_menu_sentence(std::string_view document)
 {
     return fmt::format(
-        "\"{}\" offers nothing to report: no clips in bins, and no sequence with an identifier "
+        "{} offers nothing to report: no clips in bins, and no sequence with an identifier "
         "(uuid).\nExport the sequence again as XML from Premiere Pro, or from Final Cut Pro 7 as "
         "\"Apple XML Interchange Format, version 5\".\n",
-        document);
+        visible_name(document));
 }
 
 } // namespace tallyframe::cli

@@ -2,22 +2,13 @@
 #include "cli/report_paths.h"
 
 #include "sequence_to_spreadsheet/file_name_part.h"
+#include "text/letter_case.h"
 
 #include <fmt/format.h>
-#include <unicode/unistr.h>
+
+#include <system_error>
 
 namespace tallyframe::cli {
-
-namespace {
-
-std::string folded(const std::string& name)
-{
-    std::string lower_case;
-    icu::UnicodeString::fromUTF8(name).foldCase().toUTF8String(lower_case);
-    return lower_case;
-}
-
-} // namespace
 
 std::filesystem::path report_path(const std::filesystem::path& document,
                                   const std::optional<std::filesystem::path>& output)
@@ -25,18 +16,20 @@ std::filesystem::path report_path(const std::filesystem::path& document,
     std::filesystem::path own_name = document.stem().string() + ".xls";
     if (!output)
         return own_name;
-    if (std::filesystem::is_directory(*output))
+    std::error_code unreadable;
+    if (std::filesystem::is_directory(*output, unreadable))
         return *output / own_name;
     return *output;
 }
 
 std::filesystem::path report_paths::next(std::string_view title)
 {
-    const std::string base = fmt::format("{} - {}", single_.stem().string(), file_name_part(title));
-    std::string name = base;
-    for (int number = 2; !taken_.insert(folded(name)).second; ++number)
-        name = fmt::format("{} {}", base, number);
-    return single_.parent_path() / (name + single_.extension().string());
+    const std::string document_name = single_.stem().string();
+    const std::string extension = single_.extension().string();
+    std::string name = entry_file_name(document_name, title, {}, extension);
+    for (int number = 2; !taken_.insert(case_folded(name)).second; ++number)
+        name = entry_file_name(document_name, title, fmt::format(" {}", number), extension);
+    return single_.parent_path() / (name + extension);
 }
 
 } // namespace tallyframe::cli

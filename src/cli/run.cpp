@@ -1,23 +1,29 @@
 // SPDX-License-Identifier: MIT
 #include "cli/run.h"
 
+#include "cli/chosen_entries.h"
 #include "cli/command_line_host.h"
 #include "cli/menu_listing.h"
+#include "cli/messages.h"
 #include "cli/report_paths.h"
 #include "cli/track_choice.h"
-#include "platform/failures.h"
-#include "platform/gui_mode.h"
-#include "platform/media_tools/report_media.h"
-#include "sequence_to_spreadsheet/failure_alert.h"
+#include "media_files/report_media.h"
+#include "media_files/thumbnail_folder.h"
+#include "run/failures.h"
+#include "run/gui_mode.h"
+#include "sequence_to_spreadsheet/output_place.h"
 #include "sequence_to_spreadsheet/sequence_to_spreadsheet.h"
-#include "workbook/workbook.h"
+#include "text/visible_text.h"
+#include "writers/xls_writer.h"
 
 #include <fmt/format.h>
-#include <fmt/ostream.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <string>
 #include <system_error>
+#include <utility>
+#include <vector>
 
 namespace tallyframe::cli {
 
@@ -36,6 +42,7 @@ struct run_state {
     no_sequence_menu menu;
     session_services services = {diagnostic_output, display, alert, menu};
     report_session session;
+    media_catalogues catalogues; ///< of the document, from one entry to the next
 };
 
 /// Throws failure when the text cannot be written. A reader that wants no more of it (`| head`) is content.
@@ -55,79 +62,121 @@ int list_menu(const list_request& request, std::ostream& out, std::ostream& err)
     const std::vector<catalogue_entry>& menu = state.session.menu;
     if (menu.empty())
         err << empty_menu_sentence(request.document.string());
+    tell_losses(state.session.document->losses, err);
     print(out, request.json ? menu_as_json(menu) : menu_as_table(menu));
+    state.session.document->document.leave_to_process_end();
     return done;
 }
 
-[[noreturn]] void refuse_item(const std::string& why, const std::vector<catalogue_entry>& menu)
+/// Throws usage_error when the report would replace the document that it is made of.
+void spare_document(const report_request& request, const std::filesystem::path& path)
 {
-    throw usage_error(
-        fmt::format("{}\n{}Choose one with --item N, --sequence UUID or --bins, or write them all "
-                    "with --all.",
-                    why, menu_as_table(menu)));
+    if (replaces_document(path, request.document))
+        throw usage_error(
+            fmt::format("The workbook {} would replace the document itself. Choose another name with -o.",
+                        visible_name(path.string())));
+    if (request.options.keep_thumbnails && keeps_thumbnails_around_document(path, request.document))
+        throw usage_error(
+            fmt::format("The document lies in {}, where the thumbnails of this report are kept. "
+                        "Choose another name for the workbook with -o.",
+                        visible_name(place_of_thumbnails(path).string())));
 }
 
-std::vector<catalogue_entry> entries_where(const std::vector<catalogue_entry>& menu, auto&& wanted)
+/// Throws, before any work, what would come of writing there after it.
+void check_places(const report_request& request)
 {
-    std::vector<catalogue_entry> entries;
-    std::copy_if(menu.begin(), menu.end(), std::back_inserter(entries),
-                 [&](const catalogue_entry& entry) { return !entry.is_separator() && wanted(entry); });
-    return entries;
-}
-
-/// The entries of the menu to report. Throws usage_error when the choice names none.
-std::vector<catalogue_entry> chosen_entries(const item_choice& item, const std::vector<catalogue_entry>& menu)
-{
-    const auto everything = [](const catalogue_entry&) { return true; };
-    std::vector<catalogue_entry> entries;
-    switch (item.by) {
-    case item_choice::kind::all:
-        return entries_where(menu, everything);
-    case item_choice::kind::only_one:
-        entries = entries_where(menu, everything);
-        if (entries.size() != 1)
-            refuse_item("The document offers more than one thing to report:", menu);
-        return entries;
-    case item_choice::kind::position:
-        if (item.position == 0 || item.position > menu.size() || menu[item.position - 1].is_separator())
-            refuse_item(fmt::format("There is no entry at position {}. The document offers:", item.position),
-                        menu);
-        return {menu[item.position - 1]};
-    case item_choice::kind::uuid:
-        entries = entries_where(menu, [&](const catalogue_entry& entry) {
-            return !entry.uuid.empty() && entry.uuid == item.uuid;
-        });
-        if (entries.empty())
-            refuse_item(fmt::format("No sequence has the identifier \"{}\". The document offers:", item.uuid),
-                        menu);
-        entries.resize(1); // sequences with one identifier cannot be told apart: the first is found
-        return entries;
-    case item_choice::kind::bins:
-        entries = entries_where(menu, [](const catalogue_entry& entry) { return entry.uuid.empty(); });
-        if (entries.empty())
-            refuse_item("The document has no clips in bins. It offers:", menu);
-        return entries;
+    if (request.item.by == item_choice::kind::all) {
+        xls_workbooks.check_place(report_paths(request.document, request.output).next("…"));
+        return;
     }
-    return entries;
+    const std::filesystem::path path = report_path(request.document, request.output);
+    spare_document(request, path);
+    xls_workbooks.check_place(path);
+    if (request.options.keep_thumbnails)
+        (void)thumbnail_folder::beside(path);
 }
 
-void write_report(run_state& state, report_media& media, const report_request& request,
-                  const catalogue_entry& entry, const std::filesystem::path& path, std::ostream& err)
+struct planned_report {
+    std::size_t menu_position;
+    std::filesystem::path path;
+};
+
+/// Which workbooks to write. Throws usage_error when the choice names no entry, and for spare_document's
+/// reasons.
+std::vector<planned_report> planned_reports(const report_request& request,
+                                            const std::vector<catalogue_entry>& menu)
 {
+    const bool is_all = request.item.by == item_choice::kind::all;
+    report_paths paths(request.document, request.output);
+    std::vector<planned_report> reports;
+    for (const std::size_t position : chosen_entries(request.item, menu)) {
+        auto path = is_all ? paths.next(menu[position].title) : report_path(request.document, request.output);
+        spare_document(request, path);
+        reports.push_back({position, std::move(path)});
+    }
+    return reports;
+}
+
+/// Gives what the workbook lost.
+account write_report(run_state& state, report_media& media, const report_request& request,
+                     const planned_report& planned, std::ostream& err)
+{
+    const auto& [position, path] = planned;
     report_session& session = state.session;
-    get_info_from_sequence_or_bins(session, entry.uuid, state.services);
+    if (request.item.by == item_choice::kind::all)
+        get_info_from_entry(session, position, state.catalogues, state.services);
+    else
+        get_info_from_sequence_or_bins(session, session.menu[position].uuid, state.services);
     if (request.tracks)
         tick_only(*request.tracks, session);
     std::optional<thumbnail_folder> folder = media.folder_for(path);
     const media_services services = media.services(folder);
     printing_workspace desktop(err);
-    save_excel(session.analysis, session.video_tracks_table_checkboxes, session.audio_tracks_table_checkboxes,
-               request.options, path, {state.diagnostic_output, state.display, &desktop, &services});
-    fmt::print(err, "Wrote {}\n", path.string());
+    account lost = save_excel(session.analysis, session.video_tracks_table_checkboxes,
+                              session.audio_tracks_table_checkboxes, request.options, path,
+                              {state.diagnostic_output, state.display, &desktop, &services});
+    err << fmt::format("Wrote {}\n", visible_text(path.string()));
+    return lost;
+}
+
+/// Writes one workbook after the other: what one fails with is told, and the others are written all the same.
+/// What was lost is told at the end, where no diagnostics push it away.
+exit_code write_reports(run_state& state, const report_request& request,
+                        const std::vector<planned_report>& reports, std::ostream& err)
+{
+    report_media media({request.options.inpoint_thumbnail_jpegs, request.options.keep_thumbnails,
+                        request.media_map, request.media_search},
+                       state.diagnostic_output, state.display);
+    const bool is_one = reports.size() == 1;
+    exit_code code = done;
+    std::size_t failures = 0;
+    std::vector<std::pair<std::string, account>> losses;
+    for (const planned_report& planned : reports) {
+        try {
+            losses.emplace_back(is_one ? "" : planned.path.filename().string(),
+                                write_report(state, media, request, planned, err));
+        } catch (const run_cancelled&) {
+            throw;
+        } catch (...) {
+            state.display.end();
+            code = tell_failure(err, is_one ? "" : state.session.menu[planned.menu_position].title);
+            ++failures;
+        }
+    }
+    tell_losses(state.session.document->losses, err);
+    tell_losses(media.losses(), err);
+    for (const auto& [workbook, lost] : losses)
+        tell_losses(lost, err, workbook);
+    if (is_one || failures == 0)
+        return code;
+    err << fmt::format("tallyframe: {} of {} workbooks {} not written.\n", failures, reports.size(),
+                       failures == 1 ? "was" : "were");
+    return failed;
 }
 
 int report(const report_request& request, std::ostream& out, std::ostream& err)
 {
+    check_places(request);
     run_state state(out, err, request.quiet, request.progress);
     state.diagnostic_output.write(xml_library_version() + "\n");
     state.session.import_video_audio_preference = request.scope;
@@ -135,62 +184,12 @@ int report(const report_request& request, std::ostream& out, std::ostream& err)
     const std::vector<catalogue_entry>& menu = state.session.menu;
     if (menu.empty()) {
         err << empty_menu_sentence(request.document.string());
+        tell_losses(state.session.document->losses, err);
         return failed;
     }
-
-    report_media media({request.options.inpoint_thumbnail_jpegs, request.options.keep_thumbnails,
-                        request.media_map, request.media_search},
-                       state.diagnostic_output, state.display);
-    const std::vector<catalogue_entry> entries = chosen_entries(request.item, menu);
-    if (request.item.by == item_choice::kind::all) {
-        report_paths paths(request.document, request.output);
-        for (const catalogue_entry& entry : entries)
-            write_report(state, media, request, entry, paths.next(entry.title), err);
-    } else {
-        write_report(state, media, request, entries.front(), report_path(request.document, request.output),
-                     err);
-    }
+    const exit_code code = write_reports(state, request, planned_reports(request, menu), err);
     state.session.document->document.leave_to_process_end();
-    return done;
-}
-
-void explain(const std::exception& error, std::ostream& err)
-{
-    fmt::print(err, "tallyframe: {}\n", error.what());
-    const std::string_view message = error.what();
-    if (message == fatal_error_message || message == not_xmeml_message) {
-        const failure_alert texts = alert_for(error);
-        fmt::print(err, "{}\n{}\n", texts.message_text, texts.informative_text);
-    }
-}
-
-struct sheet_without {
-    std::string_view sheet;
-    std::string_view flag;
-};
-
-constexpr sheet_without flags_that_leave_out[] = {
-    {"Sequence Markers", "--no-markers"},
-    {"Clip Markers", "--no-markers"},
-    {"Graphics & Titles", "--no-generators"},
-    {"Transitions", "--no-transitions"},
-    {"Filters", "--no-filters"},
-    {"Motion Effects", "--no-motion"},
-    {"Files Summary", "--no-files-summary"},
-    {"Reels Summary", "--no-reels"},
-};
-
-/// What helps against a sheet that is too long.
-std::string advice_for(const std::string& sheet)
-{
-    if (sheet == "All Reels")
-        return "Report fewer tracks at a time with --tracks, or only what is enabled with --enabled-only.";
-    std::string_view flag = "--no-reels";
-    for (const sheet_without& entry : flags_that_leave_out) {
-        if (entry.sheet == sheet)
-            flag = entry.flag;
-    }
-    return fmt::format("Report fewer tracks at a time with --tracks, or leave the sheet out with {}.", flag);
+    return code;
 }
 
 int run_request(const request& request, std::ostream& out, std::ostream& err)
@@ -210,21 +209,8 @@ int run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
     gui_mode = false;
     try {
         return run_request(parse_arguments(arguments), out, err);
-    } catch (const usage_error& error) {
-        fmt::print(err, "tallyframe: {}\n", error.what());
-        return wrong_usage;
-    } catch (const run_cancelled&) {
-        err << "tallyframe: stopped. The workbook was not written.\n";
-        return stopped;
-    } catch (const xls::too_many_rows& error) {
-        fmt::print(err, "tallyframe: {}\n{}\n", error.what(), advice_for(error.sheet));
-        return failed;
-    } catch (const std::bad_alloc&) {
-        err << "tallyframe: there is not enough memory for this document.\n";
-        return failed;
-    } catch (const std::exception& error) {
-        explain(error, err);
-        return failed;
+    } catch (...) {
+        return tell_failure(err);
     }
 }
 

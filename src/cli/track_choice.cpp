@@ -2,6 +2,7 @@
 #include "cli/track_choice.h"
 
 #include "cli/arguments.h"
+#include "text/visible_text.h"
 
 #include <fmt/format.h>
 
@@ -37,7 +38,7 @@ void tick_only(const std::vector<std::string>& labels, report_session& session)
     for (const std::string& label : labels) {
         if (!contains(known, label)) {
             throw usage_error(
-                fmt::format("--tracks: there is no track \"{}\". The tracks are {}.", label,
+                fmt::format("--tracks: there is no track {}. The tracks are {}.", visible_name(label),
                             known.empty() ? "none" : fmt::format("{}", fmt::join(known, ", "))));
         }
     }

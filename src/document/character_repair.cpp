@@ -1,66 +1,45 @@
 // SPDX-License-Identifier: MIT
 #include "document/character_repair.h"
 
+#include "text/utf8.h"
+
 #include <algorithm>
-#include <array>
 #include <cstring>
+#include <iterator>
 
 namespace tallyframe {
 
 namespace {
 
-struct byte_range {
-    unsigned char first;
-    unsigned char last;
-
-    bool contains(char character) const
-    {
-        const auto byte = static_cast<unsigned char>(character);
-        return byte >= first && byte <= last;
-    }
-};
-
-/// A kind of UTF-8 sequence: the range of its first and of its second byte; all further ones are plain
-/// continuation bytes.
-struct utf8_sequence {
-    std::size_t length;
-    byte_range first;
-    byte_range second = continuation;
-
-    static constexpr byte_range continuation = {0x80, 0xBF};
-};
-
-constexpr std::array<utf8_sequence, 8> longer_sequences = {{
-    {2, {0xC2, 0xDF}},
-    {3, {0xE0, 0xE0}, {0xA0, 0xBF}},
-    {3, {0xE1, 0xEC}},
-    {3, {0xED, 0xED}, {0x80, 0x9F}}, // no surrogates
-    {3, {0xEE, 0xEF}},
-    {4, {0xF0, 0xF0}, {0x90, 0xBF}},
-    {4, {0xF1, 0xF3}},
-    {4, {0xF4, 0xF4}, {0x80, 0x8F}}, // up to U+10FFFF
-}};
-
-bool is_clean_ascii(char character)
+bool is_control(char character)
 {
-    constexpr byte_range printable = {0x20, 0x7E};
-    return printable.contains(character) || character == '\t' || character == '\n' || character == '\r';
+    constexpr char del = 0x7F;
+    const bool is_blank = character == '\t' || character == '\n' || character == '\r';
+    return (static_cast<unsigned char>(character) < 0x20 && !is_blank) || character == del;
 }
 
+constexpr std::size_t characters_between_looks = 100'000; ///< at whether the run is still wanted
+
 /// Moves the clean characters of `line` to `out`, which lies before it or at its begin; the end of them.
-char* move_clean_characters(std::string_view line, char* out)
+/// Counts the others.
+char* move_clean_characters(std::string_view line, char* out, std::size_t& dropped, progress& display)
 {
-    while (!line.empty()) {
+    for (std::size_t looked_at = 0; !line.empty(); ++looked_at) {
+        if (looked_at % characters_between_looks == 0)
+            display.leave_if_cancelled();
         const std::string_view character = line.substr(0, declared_length(line));
         line.remove_prefix(character.size());
         if (is_clean_character(character))
             out = std::copy(character.begin(), character.end(), out);
+        else
+            ++dropped;
     }
     return out;
 }
 
 template <class IsDamaged>
-void clean_lines_where(std::string& text, const IsDamaged& is_damaged)
+void clean_lines_where(std::string& text, const IsDamaged& is_damaged, dropped_characters& dropped,
+                       progress& display)
 {
     const std::size_t end_of_lines = text.find_last_not_of('\n') + 1;
     const std::string_view lines = std::string_view(text).substr(0, end_of_lines);
@@ -69,7 +48,10 @@ void clean_lines_where(std::string& text, const IsDamaged& is_damaged)
         const std::size_t end = std::min(lines.find('\n', begin), lines.size());
         const std::string_view line = lines.substr(begin, end - begin);
         if (is_damaged(index, end == lines.size())) {
-            out = move_clean_characters(line, out);
+            std::size_t dropped_here = 0;
+            out = move_clean_characters(line, out, dropped_here, display);
+            if (dropped_here != 0)
+                dropped.add(index + 1, dropped_here);
         } else {
             std::memmove(out, line.data(), line.size());
             out += line.size();
@@ -100,36 +82,33 @@ bool damaged_lines::contains(std::size_t index, bool is_last_line) const
     return (is_last_line && has_last_line_) || (index < by_index_.size() && by_index_[index]);
 }
 
-std::size_t declared_length(std::string_view text)
+void dropped_characters::add(std::size_t line, std::size_t characters)
 {
-    const auto lead = static_cast<unsigned char>(text.front());
-    std::size_t length = 1;
-    if (lead >= 0xC0 && lead <= 0xF7)
-        length = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-    return std::min(length, text.size());
+    count += characters;
+    ++line_count;
+    first_lines.insert(line);
+    if (first_lines.size() > most_lines)
+        first_lines.erase(std::prev(first_lines.end()));
 }
 
 bool is_clean_character(std::string_view character)
 {
-    if (character.size() == 1)
-        return is_clean_ascii(character.front());
-    return std::any_of(longer_sequences.begin(), longer_sequences.end(), [&](const utf8_sequence& sequence) {
-        return sequence.length == character.size() && sequence.first.contains(character[0])
-            && sequence.second.contains(character[1])
-            && std::all_of(character.begin() + 2, character.end(),
-                           [](char byte) { return utf8_sequence::continuation.contains(byte); });
-    });
+    const auto [bytes, code_point] = first_character(character);
+    return code_point && bytes.size() == character.size() && !is_control(bytes.front());
 }
 
-void clean_lines(std::string& text, const damaged_lines& damaged)
+void clean_lines(std::string& text, const damaged_lines& damaged, dropped_characters& dropped,
+                 progress& display)
 {
-    clean_lines_where(text,
-                      [&](std::size_t index, bool is_last) { return damaged.contains(index, is_last); });
+    clean_lines_where(
+        text, [&](std::size_t index, bool is_last) { return damaged.contains(index, is_last); }, dropped,
+        display);
 }
 
-void clean_all_lines(std::string& text)
+void clean_all_lines(std::string& text, dropped_characters& dropped, progress& display)
 {
-    clean_lines_where(text, [](std::size_t, bool) { return true; });
+    clean_lines_where(
+        text, [](std::size_t, bool) { return true; }, dropped, display);
 }
 
 } // namespace tallyframe

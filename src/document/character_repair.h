@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "run/account.h"
+#include "run/progress.h"
+
 #include <cstddef>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,18 +27,27 @@ private:
     bool has_last_line_ = false;
 };
 
-/// How many bytes at the front of `text`, which is not empty, count as one character: as many as its first
-/// byte declares in UTF-8, as far as the text goes.
-std::size_t declared_length(std::string_view text);
+/// What cleaning has taken from a text.
+struct dropped_characters {
+    static constexpr std::size_t most_lines = account::most_examples;
 
-/// Whether `character` is the UTF-8 form of one character that XML allows, DEL excepted.
+    std::size_t count = 0; ///< one that is not UTF-8 counts once, with all bytes that it declares
+    std::size_t line_count = 0; ///< lines that lost any
+    std::set<std::size_t> first_lines; ///< numbers of the first of them, counted from 1
+
+    /// Notes what a line lost, which is told once for each.
+    void add(std::size_t line, std::size_t characters);
+};
+
+/// Whether `character`, which is not empty, is the UTF-8 form of one character that XML allows, DEL excepted.
 bool is_clean_character(std::string_view character);
 
 /// Removes, in place, every character from the damaged lines that is not clean, with all bytes that its first
-/// one declares. Line breaks stay.
-void clean_lines(std::string& text, const damaged_lines& damaged);
+/// one declares. Line breaks stay. Adds what was removed to `dropped`.
+void clean_lines(std::string& text, const damaged_lines& damaged, dropped_characters& dropped,
+                 progress& display);
 
 /// The same for every line.
-void clean_all_lines(std::string& text);
+void clean_all_lines(std::string& text, dropped_characters& dropped, progress& display);
 
 } // namespace tallyframe

@@ -1,23 +1,27 @@
 // SPDX-License-Identifier: MIT
 #include "document/document_index.h"
 
+#include "run/failures.h"
+
 #include <algorithm>
+#include <utility>
 
 namespace tallyframe {
 
 namespace {
 
-/// The sequence whose media/video/track/clipitem is `clip_item`, or none.
-xml_node sequence_of_video_clip_item(xml_node clip_item)
+// The menu has each identifier of a sequence again, with all that stands inside of it. An id is read once for
+// each of the elements that it concerns.
+constexpr std::size_t uuids_limit = 100'000'000; ///< bytes
+constexpr std::size_t ids_limit = 1'000'000'000; ///< bytes
+
+void take_of(std::size_t& used, std::size_t size, std::size_t limit)
 {
-    constexpr std::array<std::string_view, 4> way_up = {"clipitem", "track", "video", "media"};
-    xml_node node = clip_item;
-    for (const std::string_view name : way_up) {
-        if (!node.has_name(name))
-            return {};
-        node = node.parent();
-    }
-    return node.has_name("sequence") ? node : xml_node();
+    used += size;
+    if (used > limit)
+        throw load_error(
+            "The document has identifiers (id, uuid) of such length that they cannot be looked up in "
+            "it. Please export it again.");
 }
 
 bool is_inside(xml_node node, xml_node outer)
@@ -29,11 +33,16 @@ bool is_inside(xml_node node, xml_node outer)
 
 } // namespace
 
-document_index::document_index(const xml_document& document)
+document_index::document_index(const xml_document& document, progress& display)
 {
+    constexpr std::size_t elements_between_looks = 1000; // at whether the run is still wanted
     const xml_node root = document.root();
-    for (xml_node element = root; element; element = next_in_document(element, root))
+    std::size_t count = 0;
+    for (xml_node element = root; element; element = next_in_document(element, root)) {
+        if (count++ % elements_between_looks == 0)
+            display.leave_if_cancelled();
         take_in(element);
+    }
 }
 
 void document_index::take_in(xml_node element)
@@ -74,7 +83,9 @@ void document_index::take_in_uuid(xml_node uuid)
 {
     sequence_uuids.push_back(uuid);
     const xml_node sequence = uuid.parent();
-    const auto [known, is_new] = sequences_by_uuid_.try_emplace(uuid.text(), sequence);
+    std::string identifier = uuid.text();
+    take_of(uuids_size_, identifier.size(), uuids_limit);
+    const auto [known, is_new] = sequences_by_uuid_.try_emplace(std::move(identifier), sequence);
     // A sequence may carry its uuid behind the nested sequences that it holds: it begins before them.
     if (!is_new && is_inside(known->second, sequence))
         known->second = sequence;
@@ -82,12 +93,11 @@ void document_index::take_in_uuid(xml_node uuid)
 
 void document_index::take_in_group(xml_node group)
 {
-    const auto* const name =
-        std::find_if(inherited_groups.begin(), inherited_groups.end(),
-                     [&](std::string_view candidate) { return group.has_name(candidate); });
+    const auto* const name = std::ranges::find_if(
+        inherited_groups, [&](std::string_view candidate) { return group.has_name(candidate); });
     if (name == inherited_groups.end() || !group.parent().has_name("clip"))
         return;
-    if (auto id = group.parent().attribute("id"))
+    if (auto id = id_of(group.parent()))
         master_clip_groups_[static_cast<std::size_t>(name - inherited_groups.begin())].try_emplace(
             std::move(*id), group);
 }
@@ -95,30 +105,20 @@ void document_index::take_in_group(xml_node group)
 void document_index::take_in_file(xml_node file)
 {
     files.push_back(file);
-    for_each_nesting(file, [&](first_file_by_id& first_files, std::string id) {
-        first_files.try_emplace(std::move(id), first_file{file});
-    });
+    xml_node sequence = sequence_of_video_clip_item(file.parent());
+    for (first_by_id& first_files : first_files_) {
+        if (auto id = id_of(sequence))
+            first_files.try_emplace(std::move(*id), file);
+        sequence = sequence_of_video_clip_item(sequence.parent());
+    }
 }
 
-void document_index::add_file_of_clip_item(xml_node file)
+std::optional<std::string> document_index::id_of(xml_node element)
 {
-    for_each_nesting(file, [&](first_file_by_id& first_files, std::string id) {
-        const auto [known, is_new] = first_files.try_emplace(std::move(id), first_file{file});
-        // They come in document order, so that only the first of them can stand before what is known.
-        if (!is_new && !known->second.is_settled && stands_before(file, known->second.file))
-            known->second.file = file;
-        known->second.is_settled = true;
-    });
-}
-
-template <class Visit>
-void document_index::for_each_nesting(xml_node file, const Visit& visit)
-{
-    const xml_node sequence = sequence_of_video_clip_item(file.parent());
-    if (auto id = sequence.attribute("id"))
-        visit(files_in_sequence_, std::move(*id));
-    if (auto id = sequence_of_video_clip_item(sequence.parent()).attribute("id"))
-        visit(files_one_sequence_deeper_, std::move(*id));
+    std::optional<std::string> id = element.attribute("id");
+    if (id)
+        take_of(ids_size_, id->size(), ids_limit);
+    return id;
 }
 
 xml_node document_index::sequence_with_uuid(std::string_view uuid) const
@@ -134,14 +134,23 @@ xml_node document_index::master_clip_group(std::size_t group, std::string_view m
     return found == first_groups.end() ? xml_node() : found->second;
 }
 
-xml_node document_index::nested_sequence_file(std::string_view sequence_id) const
+xml_node document_index::first_file(nesting depth, std::string_view sequence_id) const
 {
-    for (const first_file_by_id* first_files : {&files_in_sequence_, &files_one_sequence_deeper_}) {
-        const auto found = first_files->find(std::string(sequence_id));
-        if (found != first_files->end())
-            return found->second.file;
+    const first_by_id& first_files = first_files_.at(static_cast<std::size_t>(depth));
+    const auto found = first_files.find(std::string(sequence_id));
+    return found == first_files.end() ? xml_node() : found->second;
+}
+
+xml_node sequence_of_video_clip_item(xml_node clip_item)
+{
+    constexpr std::array<std::string_view, 4> way_up = {"clipitem", "track", "video", "media"};
+    xml_node node = clip_item;
+    for (const std::string_view name : way_up) {
+        if (!node.has_name(name))
+            return {};
+        node = node.parent();
     }
-    return {};
+    return node.has_name("sequence") ? node : xml_node();
 }
 
 } // namespace tallyframe

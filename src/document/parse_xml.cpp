@@ -2,127 +2,67 @@
 #include "document/parse_xml.h"
 
 #include "document/character_repair.h"
-#include "document/text_values.h"
 #include "document/tolerant_parser.h"
-#include "platform/failures.h"
-#include "platform/gui_mode.h"
+#include "run/failures.h"
+#include "run/gui_mode.h"
+#include "text/leading_numbers.h"
 
 #include <libxml/parser.h>
 
-#include <algorithm>
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
-#include <memory>
-#include <string_view>
-#include <system_error>
+#include <utility>
+#include <vector>
 
 namespace tallyframe {
 
 namespace {
 
-constexpr std::size_t file_buffer_size = 64UL * 1024;
+/// Errors of a parse: how many, and the first lines that have some.
+struct noted_errors {
+    std::size_t count = 0;
+    std::vector<int> first_lines;
 
-[[noreturn]] void refuse_file(const std::filesystem::path& path, const std::string& reason)
-{
-    throw load_error("The document \"" + path.string() + "\" cannot be read: " + reason + ".");
-}
-
-/// A file that is read from its begin to its end.
-class input_file {
-public:
-    explicit input_file(const std::filesystem::path& path) : path_(path)
+    void add(int line)
     {
-        std::error_code error;
-        const auto status = std::filesystem::status(path, error);
-        if (error)
-            refuse_file(path, error.message());
-        if (is_directory(status))
-            refuse_file(path, "it is a folder");
-        if (exists(status) && !is_regular_file(status)) // a pipe cannot be read a second time, for the repair
-            refuse_file(path, "it is not a file");
-        file_.reset(std::fopen(path.c_str(), "rb"));
-        if (file_ == nullptr)
-            refuse_file(path, std::generic_category().message(errno));
-        buffer_.resize(file_buffer_size);
-        (void)std::setvbuf(file_.get(), buffer_.data(), _IOFBF, buffer_.size());
+        ++count;
+        if (line > 0 && first_lines.size() < account::most_examples
+            && (first_lines.empty() || first_lines.back() != line))
+            first_lines.push_back(line);
     }
-
-    std::size_t read(char* buffer, std::size_t size)
-    {
-        const std::size_t count = std::fread(buffer, 1, size, file_.get());
-        if (count == 0 && std::ferror(file_.get()) != 0)
-            refuse_file(path_, std::generic_category().message(errno));
-        return count;
-    }
-
-private:
-    struct close_file {
-        void operator()(std::FILE* file) const { (void)std::fclose(file); }
-    };
-    std::filesystem::path path_;
-    std::string buffer_;
-    std::unique_ptr<std::FILE, close_file> file_;
 };
 
-byte_source bytes_of(const xml_input& input)
-{
-    if (const auto* path = std::get_if<std::filesystem::path>(&input)) {
-        return [file = std::make_shared<input_file>(*path)](char* buffer, std::size_t size) {
-            return file->read(buffer, size);
-        };
-    }
-    return [rest = std::string_view(std::get<std::string>(input))](char* buffer, std::size_t size) mutable {
-        const std::size_t count = rest.copy(buffer, size);
-        rest.remove_prefix(count);
-        return count;
-    };
-}
+/// What the parser complains about in the document as it is.
+struct complaints {
+    damaged_lines lines;
+    noted_errors all;
+    noted_errors not_fatal;
 
-std::string whole_text(const xml_input& input)
-{
-    if (const auto* text = std::get_if<std::string>(&input))
-        return *text;
-    const auto& path = std::get<std::filesystem::path>(input);
-    input_file file(path);
-    std::error_code unknown_size;
-    const std::uintmax_t expected_size = std::filesystem::file_size(path, unknown_size);
-    std::string text(unknown_size ? file_buffer_size : static_cast<std::size_t>(expected_size) + 1, '\0');
-    std::size_t length = 0;
-    while (const std::size_t count = file.read(text.data() + length, text.size() - length)) {
-        length += count;
-        if (length == text.size())
-            text.resize(text.size() * 2);
+    void add(const xml_error& error)
+    {
+        lines.add(error.line);
+        all.add(error.line);
+        if (!error.is_fatal)
+            not_fatal.add(error.line);
     }
-    text.resize(length);
-    return text;
-}
+};
 
-/// The lines of a text joined with nothing between them.
-byte_source lines_joined(std::string_view text)
-{
-    return [rest = text](char* buffer, std::size_t size) mutable {
-        std::size_t filled = 0;
-        while (filled < size && !rest.empty()) {
-            const std::string_view piece = rest.substr(0, size - filled);
-            const std::size_t line_end = std::min(piece.find('\n'), piece.size());
-            filled += piece.copy(buffer + filled, line_end);
-            rest.remove_prefix(std::min(line_end + (line_end < piece.size() ? 1 : 0), rest.size()));
-        }
-        return filled;
-    };
-}
+/// A document that could be used after its repair.
+struct mended_document {
+    xml_document document;
+    dropped_characters dropped;
+    std::size_t remaining_errors = 0; ///< none of them fatal
+};
 
 /// Parses the text once more with all lines clean, prints what is still wrong with it, and fails if that is
 /// fatal.
-xml_document parse_for_the_last_time(std::string& text, diagnostics& out)
+void parse_for_the_last_time(std::string& text, mended_document& mended, diagnostics& out, progress& display)
 {
-    clean_all_lines(text);
+    clean_all_lines(text, mended.dropped, display);
     bool is_fatal = false;
     parser_limit passed = parser_limit::none;
-    xml_document document =
-        parse_tolerantly(lines_joined(text), blank_texts::kept, [&](const xml_error& error) {
+    mended.document =
+        parse_tolerantly(lines_joined(text, display), blank_texts::kept, [&](const xml_error& error) {
             out.write(error.printable + "\n");
+            ++mended.remaining_errors;
             is_fatal = is_fatal || error.is_fatal;
             if (passed == parser_limit::none)
                 passed = error.limit;
@@ -132,48 +72,96 @@ xml_document parse_for_the_last_time(std::string& text, diagnostics& out)
     if (passed == parser_limit::text_length)
         throw load_error("The document holds a text of more than 10 million characters. Please shorten it, "
                          "then export the document again.");
-    if (is_fatal && document.root())
-        throw load_error(fatal_error_message);
-    return document;
+    if (is_fatal && mended.document.root())
+        throw load_error(load_fault::fatal_error);
 }
 
-xml_document parse_repaired(const xml_input& input, const damaged_lines& damaged, diagnostics& out)
+mended_document parse_repaired(const xml_input& input, const damaged_lines& damaged, diagnostics& out,
+                               progress& display)
 {
-    std::string text = whole_text(input);
-    clean_lines(text, damaged);
+    mended_document mended;
+    std::string text = whole_text(input, display);
+    clean_lines(text, damaged, mended.dropped, display);
     bool has_errors = false;
-    xml_document document =
-        parse_tolerantly(lines_joined(text), blank_texts::kept, [&](const xml_error&) { has_errors = true; });
-    if (!has_errors)
-        return document;
-    document = xml_document(); // its memory first, then that of the next one
-    return parse_for_the_last_time(text, out);
+    mended.document = parse_tolerantly(lines_joined(text, display), blank_texts::kept,
+                                       [&](const xml_error&) { has_errors = true; });
+    if (has_errors) {
+        mended.document.free_before_going_on(display); // its memory first, then that of the next one
+        parse_for_the_last_time(text, mended, out, display);
+    }
+    return mended;
+}
+
+document_index index_of(xml_document& document, progress& display)
+{
+    try {
+        return {document, display};
+    } catch (const run_cancelled&) {
+        document.give_up();
+        throw;
+    }
+}
+
+/// Prints what is wrong with a document that no repair makes XML.
+[[noreturn]] void refuse_what_is_no_xml(std::string beginning, diagnostics& out, progress& display)
+{
+    mended_document nothing;
+    parse_for_the_last_time(beginning, nothing, out, display);
+    throw load_error(load_fault::not_xmeml);
+}
+
+account losses_of(const mended_document& mended, const complaints& first)
+{
+    account losses;
+    losses.add(loss_kind::mended_lines, mended.dropped.line_count);
+    for (const std::size_t line : mended.dropped.first_lines)
+        losses.add(loss_kind::mended_lines, 0, std::to_string(line));
+    losses.add(loss_kind::dropped_characters, mended.dropped.count);
+
+    // In a mended document all errors are in line 1: those that a repair cannot help against tell where they
+    // were. Where nothing was dropped, joining the lines is what made the errors go away.
+    const bool has_errors = mended.remaining_errors != 0;
+    const noted_errors& told = has_errors ? first.not_fatal : first.all;
+    if (has_errors || mended.dropped.count == 0) {
+        losses.add(loss_kind::passed_over_errors, has_errors ? mended.remaining_errors : told.count);
+        for (const int line : told.first_lines)
+            losses.add(loss_kind::passed_over_errors, 0, "line " + std::to_string(line));
+    }
+    return losses;
 }
 
 } // namespace
 
 parsed_xml parse_xml(const xml_input& input, diagnostics& out, progress& display)
 {
-    damaged_lines damaged;
-    xml_document document = parse_tolerantly(bytes_of(input), blank_texts::dropped,
-                                             [&](const xml_error& error) { damaged.add(error.line); });
-    if (!damaged.empty()) {
+    complaints first;
+    account losses;
+    xml_document document = parse_tolerantly(bytes_of(input, display), blank_texts::dropped,
+                                             [&](const xml_error& error) { first.add(error); });
+    if (!first.lines.empty()) {
         if (gui_mode != false)
             display.show_message("Fixing bad characters in the XML file...\n");
-        document = xml_document();
-        document = parse_repaired(input, damaged, out);
+        if (!document.root()) {
+            if (auto beginning = beginning_without_tag(input, display))
+                refuse_what_is_no_xml(std::move(*beginning), out, display);
+        }
+        document.free_before_going_on(display);
+        mended_document mended = parse_repaired(input, first.lines, out, display);
+        document = std::move(mended.document);
+        losses = losses_of(mended, first);
     }
     if (!document.root())
-        throw load_error(not_xmeml_message);
+        throw load_error(load_fault::not_xmeml);
     if (!document.entities_stay_within(expanded_text_limit))
         throw load_error(
             "The document defines entities that stand for more than 10 million characters. Please "
             "export it again.");
 
-    document_index index(document);
+    document_index index = index_of(document, display);
     std::string first_node_name = document.first_node_name();
     const bool no_updatebehavior = !index.has_updatebehavior;
-    return {std::move(document), std::move(first_node_name), no_updatebehavior, std::move(index)};
+    return {std::move(document), std::move(first_node_name), no_updatebehavior, std::move(index),
+            std::move(losses)};
 }
 
 std::string xml_library_version()

@@ -2,24 +2,22 @@
 #pragma once
 
 #include "document/document_index.h"
+#include "document/xml_input.h"
 #include "document/xml_node.h"
-#include "platform/diagnostics.h"
-#include "platform/progress.h"
+#include "run/account.h"
+#include "run/diagnostics.h"
+#include "run/progress.h"
 
-#include <filesystem>
 #include <string>
-#include <variant>
 
 namespace tallyframe {
-
-/// The document's file, or its text.
-using xml_input = std::variant<std::filesystem::path, std::string>;
 
 struct parsed_xml {
     xml_document document;
     std::string first_node_name; ///< "xmeml" for a proper export
     bool no_updatebehavior; ///< Final Cut Pro 7 writes that element, Premiere Pro does not
     document_index index; ///< of `document`, made on the way
+    account losses; ///< what its repair took from it; empty for one without an error
 };
 
 /// Loads an interchange document.
@@ -30,11 +28,11 @@ struct parsed_xml {
 /// "Fixing bad characters in the XML file...\n" before that, unless gui_mode is false. Writes each error of
 /// the third parse to `out`, one a line ("12:40: ERROR: what is wrong").
 ///
-/// Throws load_error: with fatal_error_message when that third parse finds the document not well-formed; with
-/// not_xmeml_message when it has no element at all (one without any error may have any root); with a sentence
-/// when the file cannot be read or the document goes beyond the parser's limits (elements nested 256 deep, 10
+/// Throws load_error: fatal_error when that third parse finds the document not well-formed; not_xmeml when it
+/// has no element at all (one without any error may have any root); refused, with a sentence, when the file
+/// cannot be read or the document goes beyond the parser's limits (elements nested 256 deep, 10
 /// million bytes in one text or brought by entities, a document type that is costly to follow, 1,000
-/// attributes in one tag).
+/// attributes in one tag, 100 namespaces at one place).
 parsed_xml parse_xml(const xml_input& input, diagnostics& out, progress& display);
 
 /// One line, without a line break, that tells which XML library is at work.

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "document/sequence_catalogue.h"
 
-#include "document/text_values.h"
-#include "platform/failures.h"
+#include "run/failures.h"
+#include "text/visible_text.h"
 
 namespace tallyframe {
 
@@ -25,7 +25,8 @@ std::vector<catalogue_entry> sequence_catalogue(const document_index& index)
     for (const xml_node uuid : index.sequence_uuids) {
         auto title = uuid.parent().text_of("name");
         if (!title)
-            throw load_error("The sequence " + in_quotes(uuid.text()) + " has no name.");
+            throw load_error("The sequence " + in_quotes(uuid.text()) + " has no name.",
+                             load_fault::unexpected);
         titles_size += title->size();
         if (titles_size > titles_limit)
             throw load_error(

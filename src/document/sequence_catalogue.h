@@ -22,8 +22,8 @@ struct catalogue_entry {
 };
 
 /// The menu of a document: "Bin Clips" when it has loose clips, a separator, then every sequence with a uuid,
-/// in document order. Throws load_error for a sequence without a name, and for names of more than 100 MB in
-/// all.
+/// in document order. Throws load_error for a sequence without a name (unexpected), and for names of more
+/// than 100 MB in all.
 std::vector<catalogue_entry> sequence_catalogue(const document_index& index);
 
 } // namespace tallyframe

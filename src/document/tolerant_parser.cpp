@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "document/tolerant_parser.h"
 
-#include "document/attribute_limit.h"
-#include "platform/failures.h"
+#include "run/failures.h"
 
 #include <libxml/SAX2.h>
 #include <libxml/parser.h>
@@ -23,13 +22,21 @@ constexpr std::size_t document_type_limit = 100'000; ///< bytes
 constexpr std::size_t parameter_entities_limit = 1'000'000; ///< bytes that they stand for
 constexpr std::size_t parameter_entity_cost = 100; ///< of a reference, in bytes, however short its text
 
+// What a tag may cost. The library compares the attributes of a tag with each other, and a prefix with those
+// of all namespaces that are declared around it.
+constexpr int most_attributes = 1'000;
+constexpr int most_namespaces = 100;
+
+// The library's table of names, which has those of elements, attributes and each xml:id, stops growing: with
+// more of them, each is compared with ever more others.
+constexpr int most_names = 100'000;
+
 /// What the parser's callbacks work with. An exception must not pass through a C library: it waits here.
 struct parse_in_progress {
     const byte_source& source;
     const xml_error_handler& handle_error;
     xmlParserCtxtPtr parser = nullptr;
     std::exception_ptr failure = nullptr;
-    attribute_limit attributes = {};
     std::size_t document_type_size = 0;
     std::size_t parameter_entities_size = 0;
 };
@@ -85,13 +92,24 @@ void take_error(void* context, xmlErrorPtr error)
 }
 
 /// Ends the parse: no further bytes are read.
+void refuse(parse_in_progress& parse, const char* sentence)
+{
+    if (parse.failure == nullptr)
+        parse.failure = std::make_exception_ptr(load_error(sentence));
+}
+
 void refuse_document_type(parse_in_progress& parse)
 {
-    if (parse.failure != nullptr)
-        return;
-    parse.failure =
-        std::make_exception_ptr(load_error("The document begins with a definition of its type that is too "
-                                           "costly to follow. Please export it again."));
+    refuse(parse,
+           "The document begins with a definition of its type that is too costly to follow. Please export it "
+           "again.");
+}
+
+void refuse_attributes(parse_in_progress& parse)
+{
+    refuse(parse,
+           "The document has an element with more than 1,000 attributes, which no export has. Please export "
+           "it again.");
 }
 
 parse_in_progress& parse_of(void* parser)
@@ -120,16 +138,50 @@ xmlEntityPtr find_parameter_entity(void* parser, const xmlChar* name)
     return parse.failure == nullptr ? entity : nullptr;
 }
 
+void check_namespaces(parse_in_progress& parse, const xmlParserCtxt& parser)
+{
+    if (parser.nsNr / 2 > most_namespaces) // two entries each
+        refuse(parse,
+               "The document declares more than 100 namespaces for one element, which no export does. Please "
+               "export it again.");
+}
+
+/// Each read of the bytes comes here, while start_element waits for the end of a tag: that would be too late
+/// for one of a hundred thousand attributes.
+void check_what_was_read(parse_in_progress& parse)
+{
+    if (xmlDictSize(parse.parser->dict) > most_names)
+        refuse(parse,
+               "The document has more than 100,000 different names (of elements, attributes or xml:id), "
+               "which no export has. Please export it again.");
+    // An attribute takes five entries of an array that grows to no more than twice of what it has to hold.
+    if (parse.parser->maxatts > 2 * 5 * most_attributes)
+        refuse_attributes(parse);
+    check_namespaces(parse, *parse.parser);
+}
+
+void start_element(void* parser, const xmlChar* name, const xmlChar* prefix, const xmlChar* uri,
+                   int namespace_count, const xmlChar** namespaces, int attribute_count, int defaulted_count,
+                   const xmlChar** attributes)
+{
+    parse_in_progress& parse = parse_of(parser);
+    if (namespace_count + attribute_count > most_attributes)
+        refuse_attributes(parse);
+    check_namespaces(parse, *static_cast<xmlParserCtxtPtr>(parser));
+    xmlSAX2StartElementNs(parser, name, prefix, uri, namespace_count, namespaces, attribute_count,
+                          defaulted_count, attributes);
+}
+
 int read_bytes(void* context, char* buffer, int size)
 {
     auto& parse = *static_cast<parse_in_progress*>(context);
     try {
+        check_what_was_read(parse);
         if (parse.failure != nullptr)
             return -1;
         const std::size_t count = parse.source(buffer, static_cast<std::size_t>(size));
         if (parse.parser->inSubset != 0 && (parse.document_type_size += count) > document_type_limit)
             refuse_document_type(parse);
-        parse.attributes.check({buffer, count});
         return static_cast<int>(count);
     } catch (...) {
         parse.failure = std::current_exception();
@@ -168,6 +220,7 @@ xml_document parse_tolerantly(const byte_source& source, blank_texts blanks,
         throw std::bad_alloc();
     parse.parser = context.get();
     context->_private = &parse;
+    context->sax->startElementNs = start_element;
     context->sax->attributeDecl = take_attribute;
     context->sax->getParameterEntity = find_parameter_entity;
 
@@ -176,8 +229,13 @@ xml_document parse_tolerantly(const byte_source& source, blank_texts blanks,
         options |= XML_PARSE_NOBLANKS;
     xml_document document(
         xmlCtxtReadIO(context.get(), read_bytes, nullptr, &parse, nullptr, nullptr, options));
-    if (parse.failure != nullptr)
-        std::rethrow_exception(parse.failure);
+    try {
+        if (parse.failure != nullptr)
+            std::rethrow_exception(parse.failure);
+    } catch (const run_cancelled&) {
+        document.give_up();
+        throw;
+    }
     return document;
 }
 

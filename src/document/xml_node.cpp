@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "document/xml_node.h"
 
+#include "run/gui_mode.h"
+
 #include <libxml/tree.h>
 
-#include <algorithm>
+#include <chrono>
 #include <cstring>
-#include <limits>
+#include <exception>
 #include <new>
+#include <thread>
+#include <utility>
 
 namespace tallyframe {
 
@@ -17,11 +21,6 @@ constexpr std::size_t entity_nesting_limit = 40;
 const char* chars(const xmlChar* text)
 {
     return text == nullptr ? "" : reinterpret_cast<const char*>(text);
-}
-
-int library_length(std::string_view text)
-{
-    return static_cast<int>(std::min<std::size_t>(text.size(), std::numeric_limits<int>::max()));
 }
 
 bool is_element(const xmlNode* node)
@@ -267,26 +266,6 @@ std::optional<std::string> xml_node::text_of(std::string_view path) const
     return match ? std::optional(match.text()) : std::nullopt;
 }
 
-void xml_node::set_text(std::string_view text)
-{
-    if (node_ == nullptr)
-        return;
-    xmlNodeSetContent(node_, nullptr);
-    if (!text.empty()) // AddContent takes raw text, SetContent would read "&" as markup
-        xmlNodeAddContentLen(node_, reinterpret_cast<const xmlChar*>(text.data()), library_length(text));
-}
-
-xml_node xml_node::insert_reference_before(xml_node original)
-{
-    constexpr int with_attributes_only = 2;
-    if (node_ == nullptr || !original)
-        return {};
-    xmlNode* reference = xmlDocCopyNode(original.node_, node_->doc, with_attributes_only);
-    if (reference == nullptr)
-        throw std::bad_alloc();
-    return xml_node(xmlAddPrevSibling(node_, reference));
-}
-
 std::string xml_node::markup() const
 {
     if (node_ == nullptr)
@@ -342,6 +321,40 @@ std::string xml_document::first_node_name() const
     if (document_ == nullptr || document_->children == nullptr)
         return {};
     return chars(document_->children->name);
+}
+
+std::future<void> xml_document::start_freeing()
+{
+    try {
+        std::promise<void> promise;
+        std::future<void> freed = promise.get_future();
+        std::thread([document = std::move(document_), is_freed = std::move(promise)]() mutable {
+            document.reset();
+            is_freed.set_value();
+        }).detach();
+        return freed;
+    } catch (const std::exception&) { // no thread, or no memory for one: then here and now
+        document_.reset();
+        return {};
+    }
+}
+
+void xml_document::give_up()
+{
+    if (gui_mode == false)
+        leave_to_process_end();
+    else if (document_ != nullptr)
+        (void)start_freeing();
+}
+
+void xml_document::free_before_going_on(progress& display)
+{
+    using namespace std::chrono_literals;
+    if (document_ == nullptr)
+        return;
+    const std::future<void> freed = start_freeing();
+    while (freed.valid() && freed.wait_for(50ms) != std::future_status::ready)
+        display.leave_if_cancelled();
 }
 
 void xml_document::leave_to_process_end()

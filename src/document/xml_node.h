@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "run/progress.h"
+
 #include <cstddef>
+#include <functional>
+#include <future>
 #include <memory>
 #include <optional>
 #include <string>
@@ -16,6 +20,8 @@ namespace tallyframe {
 /// How much text, in bytes, the entities that a document defines may bring into one value; the rest is cut.
 /// No exporter writes entities of its own: whoever does is after the memory of the reader.
 inline constexpr std::size_t expanded_text_limit = 10'000'000;
+
+class child_elements;
 
 /// An element of a loaded document, or none. A light handle: the document owns the element and must live as
 /// long. Names match elements without a namespace; paths are element names joined by "/".
@@ -52,6 +58,9 @@ public:
 
     xml_node first_element() const;
 
+    /// The elements directly inside, as a range.
+    child_elements children() const;
+
     /// Whether anything (an element, a text, a comment) stands inside the element.
     bool has_children() const;
 
@@ -74,20 +83,55 @@ public:
     /// Text of the first match of the path; nothing when there is no match.
     std::optional<std::string> text_of(std::string_view path) const;
 
-    /// Replaces all that stands inside the element by a text; "&" and "<" in it are plain characters. Handles
-    /// to elements that stood inside are no longer valid.
-    void set_text(std::string_view text);
-
-    /// Inserts an element with the name and the attributes of `original`, and nothing inside, as the sibling
-    /// directly before this one: that is how documents refer to what they define elsewhere. Returns it.
-    xml_node insert_reference_before(xml_node original);
-
     /// The element as markup, as it would stand in the document.
     std::string markup() const;
 
 private:
     _xmlNode* node_ = nullptr;
 };
+
+/// The elements directly inside another, in document order.
+class child_elements {
+public:
+    class iterator {
+    public:
+        using value_type = xml_node;
+        using difference_type = std::ptrdiff_t;
+
+        iterator() = default;
+        explicit iterator(xml_node element) : element_(element) { }
+
+        xml_node operator*() const { return element_; }
+        iterator& operator++()
+        {
+            element_ = element_.next_element();
+            return *this;
+        }
+        iterator operator++(int)
+        {
+            const iterator before = *this;
+            ++*this;
+            return before;
+        }
+        bool operator==(const iterator&) const = default;
+
+    private:
+        xml_node element_; // none behind the last one
+    };
+
+    explicit child_elements(xml_node first) : first_(first) { }
+
+    iterator begin() const { return iterator(first_); }
+    static iterator end() { return {}; }
+
+private:
+    xml_node first_;
+};
+
+inline child_elements xml_node::children() const
+{
+    return child_elements(first_element());
+}
 
 /// Whether `first` comes before `second` in their document.
 bool stands_before(xml_node first, xml_node second);
@@ -114,6 +158,14 @@ public:
     /// Whether all references to entities together stand for `limit` bytes of text at most.
     bool entities_stay_within(std::size_t limit) const;
 
+    /// What a run that was stopped does with its document. Nobody waits until millions of nodes are free: a
+    /// thread frees them, or, for a command line, the end of the process.
+    void give_up();
+
+    /// Frees the nodes and waits for it as long as the run is wanted. Throws run_cancelled when it no longer
+    /// is.
+    void free_before_going_on(progress& display);
+
     /// Gives the memory up to the end of the process: a program that is about to leave saves the walk over
     /// millions of nodes.
     void leave_to_process_end();
@@ -122,7 +174,18 @@ private:
     struct free_document {
         void operator()(_xmlDoc* document) const;
     };
+    std::future<void> start_freeing();
+
     std::unique_ptr<_xmlDoc, free_document> document_;
 };
 
 } // namespace tallyframe
+
+/// Elements are told apart by their place in their document.
+template <>
+struct std::hash<tallyframe::xml_node> {
+    std::size_t operator()(tallyframe::xml_node node) const
+    {
+        return std::hash<const _xmlNode*>{}(node.get());
+    }
+};

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "media/file_urls.h"
 
-#include "document/text_values.h"
+#include "text/trimmed.h"
+#include "text/utf8.h"
 
-#include <unicode/ustring.h>
 #include <uriparser/Uri.h>
 
 #include <algorithm>
-#include <cstdint>
+#include <new>
 #include <string>
 #include <utility>
 
@@ -41,8 +41,7 @@ std::string_view scheme_of(std::string_view url)
         return is_letter_or_digit(c) || c == '+' || c == '-' || c == '.';
     };
     const std::string_view name = url.substr(0, colon);
-    return std::all_of(name.begin(), name.end(), belongs_to_scheme) ? url.substr(0, colon + 1)
-                                                                    : std::string_view{};
+    return std::ranges::all_of(name, belongs_to_scheme) ? url.substr(0, colon + 1) : std::string_view{};
 }
 
 std::string percent_decoded(std::string_view text)
@@ -72,20 +71,19 @@ std::string percent_encoded(std::string_view text, std::string_view kept)
     return encoded;
 }
 
-bool is_utf8(std::string_view text)
+/// False for what is no URL. Throws std::bad_alloc.
+bool succeeded(int result)
 {
-    UErrorCode status = U_ZERO_ERROR;
-    std::int32_t length = 0;
-    u_strFromUTF8(nullptr, 0, &length, text.data(), static_cast<std::int32_t>(text.size()), &status);
-    return U_SUCCESS(status) || status == U_BUFFER_OVERFLOW_ERROR;
+    if (result == URI_ERROR_MALLOC)
+        throw std::bad_alloc();
+    return result == URI_SUCCESS;
 }
 
 class parsed_uri {
 public:
     explicit parsed_uri(std::string text)
         : text_(std::move(text)),
-          valid_(uriParseSingleUriExA(&uri_, text_.data(), text_.data() + text_.size(), nullptr)
-                 == URI_SUCCESS)
+          valid_(succeeded(uriParseSingleUriExA(&uri_, text_.data(), text_.data() + text_.size(), nullptr)))
     {
     }
     parsed_uri(const parsed_uri&) = delete;
@@ -97,7 +95,7 @@ public:
     }
 
     /// Removes "." and ".." segments.
-    bool normalize() { return valid_ && uriNormalizeSyntaxExA(&uri_, URI_NORMALIZE_PATH) == URI_SUCCESS; }
+    bool normalize() { return valid_ && succeeded(uriNormalizeSyntaxExA(&uri_, URI_NORMALIZE_PATH)); }
 
     std::string path() const
     {

@@ -2,7 +2,9 @@
 #include "media/markers.h"
 
 #include "document/text_values.h"
-#include "platform/failures.h"
+#include "run/failures.h"
+#include "text/leading_numbers.h"
+#include "text/visible_text.h"
 
 #include <algorithm>
 #include <array>
@@ -41,8 +43,7 @@ template <class Value>
 std::string_view color_name(Value value, std::optional<Value> marker_colors_row::*column,
                             std::string_view otherwise)
 {
-    const auto* row = std::find_if(marker_colors.begin(), marker_colors.end(),
-                                   [&](const marker_colors_row& each) { return each.*column == value; });
+    const auto* row = std::ranges::find(marker_colors, value, column);
     return row == marker_colors.end() ? otherwise : row->name;
 }
 

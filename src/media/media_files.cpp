@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "media/media_files.h"
 
-#include "document/text_values.h"
+#include "document/text_budget.h"
 #include "media/file_urls.h"
-#include "platform/ascii_text.h"
+#include "text/ascii_text.h"
+#include "text/leading_numbers.h"
+#include "text/letter_case.h"
+#include "text/trimmed.h"
 #include "timecode/to_timecode.h"
 
 #include <fmt/format.h>
@@ -18,12 +21,12 @@ std::string upper_cased_text_of(xml_node element, std::string_view path, std::st
     return text ? upper_cased(*text) : std::string(otherwise);
 }
 
-/// "1920 × 1080".
+/// "1920 × 1080"; nothing where one of the two is not there or empty.
 std::optional<std::string> frame_size_of(xml_node file)
 {
     const auto width = file.text_of("media/video/samplecharacteristics/width");
     const auto height = file.text_of("media/video/samplecharacteristics/height");
-    if (!width || !height)
+    if (!width || !height || trimmed(*width).empty() || trimmed(*height).empty())
         return std::nullopt;
     return *width + " × " + *height;
 }
@@ -65,8 +68,8 @@ void read_source_timecode(file_record& record, xml_node timecode, bool is_audio_
         const double rate = timebase > 0 ? static_cast<double>(timebase) : own_rate;
         record.timecode_frame = to_frames(*text, rate, record.displayformat).value_or(record.timecode_frame);
     }
-    if (is_audio_only && record.timecode_frame == 0 && record.displayformat == "DF")
-        record.displayformat = "NDF";
+    if (is_audio_only && record.timecode_frame == 0 && record.displayformat == display_format::drop_frame)
+        record.displayformat = display_format::non_drop_frame;
     if (row != nullptr && timebase > 0)
         record.timecode_frame =
             record.timecode_frame * static_cast<double>(row->timebase) / static_cast<double>(timebase);
@@ -75,7 +78,7 @@ void read_source_timecode(file_record& record, xml_node timecode, bool is_audio_
 }
 
 void read_timecodes(file_record& record, xml_node file, const frame_rates_row* row,
-                    std::vector<std::string>& reel_names)
+                    std::vector<std::string>& reel_names, text_budget& texts)
 {
     const auto timecodes = file.all("timecode");
     const bool is_audio_only = !file.first("media/video");
@@ -95,8 +98,10 @@ void read_timecodes(file_record& record, xml_node file, const frame_rates_row* r
             continue;
         }
         found = true;
-        if (record.reel_name)
+        if (record.reel_name) {
+            texts.spend(record.reel_name);
             reel_names.push_back(*record.reel_name);
+        }
     }
 }
 
@@ -112,8 +117,16 @@ void read_path(file_record& record, xml_node file)
     record.audio_format = "";
 }
 
+void spend(text_budget& texts, const file_record& record)
+{
+    texts.spend(record.id);
+    for (const auto* text :
+         {&record.frame_size, &record.samplerate, &record.reel_name, &record.roll_name, &record.path})
+        texts.spend(*text);
+}
+
 file_record read_file(xml_node file, std::optional<frame_rate> seq_fcp_rate,
-                      std::vector<std::string>& reel_names)
+                      std::vector<std::string>& reel_names, text_budget& texts)
 {
     file_record record;
     record.id = file.attribute("id").value_or("");
@@ -125,9 +138,10 @@ file_record read_file(xml_node file, std::optional<frame_rate> seq_fcp_rate,
     if (const xml_node frame = file.first_descendant("frame"))
         record.timecode_frame = static_cast<double>(leading_integer(frame.text()));
     if (const xml_node displayformat = file.first_descendant("displayformat"))
-        record.displayformat = displayformat.text();
-    read_timecodes(record, file, row, reel_names);
+        record.displayformat = display_format_of(displayformat.text());
+    read_timecodes(record, file, row, reel_names, texts);
     read_path(record, file);
+    spend(texts, record);
     return record;
 }
 
@@ -135,8 +149,8 @@ file_record read_file(xml_node file, std::optional<frame_rate> seq_fcp_rate,
 
 void file_catalogue::add(file_record file)
 {
-    first_by_id_.try_emplace(file.id, records_.size());
-    records_.push_back(std::move(file));
+    if (first_by_id_.try_emplace(file.id, records_.size()).second)
+        records_.push_back(std::move(file));
 }
 
 const file_record* file_catalogue::find(std::string_view id) const
@@ -149,10 +163,11 @@ files_info get_files_info(const std::vector<xml_node>& file_elements, std::optio
                           progress& display)
 {
     files_info info;
+    text_budget texts;
     for (const xml_node file : file_elements) {
-        display.advance("Analyzing Media Files\n");
+        display.advance(media_files_message);
         if (file.has_children())
-            info.files.add(read_file(file, seq_fcp_rate, info.reel_names));
+            info.files.add(read_file(file, seq_fcp_rate, info.reel_names, texts));
     }
     return info;
 }

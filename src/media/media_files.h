@@ -2,10 +2,12 @@
 #pragma once
 
 #include "document/xml_node.h"
-#include "platform/progress.h"
+#include "run/progress.h"
+#include "timecode/display_format.h"
 #include "timecode/frame_rates.h"
 
 #include <cstdint>
+#include <deque>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -20,8 +22,8 @@ struct file_record {
     std::optional<std::int64_t> src_duration; ///< frames at fcp_rate; nothing marks a still image
     std::optional<frame_rate> fcp_rate; ///< nothing only in bins, for a file without a timebase
     std::optional<std::string> type; ///< the rate's display name
-    std::optional<std::string> frame_size; ///< "1920 × 1080"
-    std::string displayformat = "NDF"; ///< "DF" or "NDF"
+    std::optional<std::string> frame_size; ///< "1920 × 1080"; never one half alone
+    display_format displayformat = display_format::non_drop_frame;
     double timecode_frame = 0; ///< first timecode in frames at fcp_rate; may be a fraction
     std::optional<std::string> samplerate; ///< samples a second, as written
     std::optional<std::string> reel_name; ///< ASCII
@@ -36,10 +38,10 @@ class file_catalogue {
 public:
     void add(file_record file);
     const file_record* find(std::string_view id) const;
-    const std::vector<file_record>& records() const { return records_; }
+    const std::deque<file_record>& records() const { return records_; }
 
 private:
-    std::vector<file_record> records_;
+    std::deque<file_record> records_; // large ones: nothing is kept in reserve
     std::unordered_map<std::string, std::size_t> first_by_id_;
 };
 
@@ -48,8 +50,11 @@ struct files_info {
     std::vector<std::string> reel_names; ///< in the order met, repeats kept
 };
 
+inline constexpr std::string_view media_files_message = "Analyzing Media Files\n";
+
 /// Reads all `file` elements of a document; elements without content only repeat an id and are skipped.
-/// `seq_fcp_rate`: the sequence's rate, nothing for bins.
+/// `seq_fcp_rate`: the sequence's rate, nothing for bins. Throws analysis_error when texts inside of elements
+/// in each other make the records too long.
 files_info get_files_info(const std::vector<xml_node>& file_elements, std::optional<frame_rate> seq_fcp_rate,
                           progress& display);
 

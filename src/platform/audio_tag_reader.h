@@ -1,28 +1,34 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 namespace tallyframe {
+
+/// The tags of an audio file. A text that the file lacks is empty.
+struct audio_tags {
+    std::string song_title;
+    std::string album;
+    std::optional<std::int64_t> track_number; ///< 7 for "7/12"; 0 for a text without a number
+    std::optional<std::int64_t> year; ///< 1999 for "1999-05-01"; 0 for a text without a number
+    std::string musical_genre;
+    std::string authors; ///< "Ann,, Bo": a list has always kept the comma that stood behind a name
+    std::string composer;
+    std::string producer;
+
+    bool operator==(const audio_tags&) const = default;
+};
 
 /// Reads the tags of audio files.
 class audio_tag_reader {
 public:
     virtual ~audio_tag_reader() = default;
 
-    /// The tags of a file in the raw form of the `mdls` tool: the values of kMDItemAlbum,
-    /// kMDItemAudioTrackNumber, kMDItemAuthors, kMDItemComposer, kMDItemMusicalGenre, kMDItemProducer,
-    /// kMDItemRecordingYear and kMDItemTitle in this order, each followed by a NUL character, empty when the
-    /// file lacks it. The authors are a list: a line "(", a line for each name in double quotes (all but the
-    /// last with a comma), a line ")". Empty when nothing is known of the file.
-    virtual std::string raw_tags(const std::filesystem::path& file) = 0;
-};
-
-/// Knows no tags.
-class no_audio_tags final : public audio_tag_reader {
-public:
-    std::string raw_tags(const std::filesystem::path&) override { return {}; }
+    /// Nothing when nothing is known of the file.
+    virtual std::optional<audio_tags> tags_of(const std::filesystem::path& file) = 0;
 };
 
 } // namespace tallyframe

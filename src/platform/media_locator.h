@@ -16,10 +16,4 @@ public:
     virtual std::optional<std::filesystem::path> locate(const std::string& path) = 0;
 };
 
-/// Finds nothing: the media is not looked at.
-class no_media final : public media_locator {
-public:
-    std::optional<std::filesystem::path> locate(const std::string&) override { return std::nullopt; }
-};
-
 } // namespace tallyframe

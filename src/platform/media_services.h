@@ -3,10 +3,11 @@
 
 #include "platform/audio_tag_reader.h"
 #include "platform/media_locator.h"
-#include "platform/thumbnail_folder.h"
 #include "platform/thumbnailer.h"
 
 namespace tallyframe {
+
+class thumbnail_folder;
 
 /// What a host gives a report so that it can look at media files.
 struct media_services {
@@ -14,6 +15,7 @@ struct media_services {
     audio_tag_reader& tags;
     thumbnailer* pictures = nullptr; ///< null unless in-point thumbnails are wanted
     thumbnail_folder* folder = nullptr; ///< null unless in-point thumbnails are wanted
+    bool is_asked_for = false; ///< the user wants media looked at: a file that is not there is a loss
 };
 
 } // namespace tallyframe

@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/sibling_program.h"
 
-#include <filesystem>
-
-#ifdef _WIN32
-#include <process.h>
-#else
 #include <unistd.h>
-#endif
+
+#include <filesystem>
 
 namespace tallyframe {
 
@@ -35,11 +31,7 @@ void become_sibling_program(const std::string& own_path, const std::string& name
     for (std::string& argument : arguments)
         argv.push_back(argument.data());
     argv.push_back(nullptr);
-#ifdef _WIN32
-    _execvp(program.c_str(), argv.data());
-#else
     execvp(program.c_str(), argv.data());
-#endif
 }
 
 } // namespace tallyframe

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "report/clip_columns.h"
 
-#include "document/text_values.h"
 #include "media/file_urls.h"
 #include "report/shared_rows.h"
 #include "report/time_cells.h"
+#include "text/leading_numbers.h"
+#include "text/utf8.h"
 
 #include <fmt/format.h>
 
@@ -81,7 +82,7 @@ std::string sample_rate_text(std::string_view samplerate)
 
 cell_value rate_text(const clip_record& clip, const row_context&)
 {
-    if (is_audio(clip))
+    if (is_audio(clip.place))
         return sample_rate_text(text_of(clip.samplerate));
     return text_of(clip.type);
 }
@@ -93,15 +94,15 @@ cell_value file_name(const clip_record& clip, const row_context&)
 
 std::optional<double> seq_start(const clip_record& clip)
 {
-    return static_cast<double>(clip.seq_start_frame);
+    return static_cast<double>(clip.place.seq_start_frame);
 }
 std::optional<double> seq_end(const clip_record& clip)
 {
-    return static_cast<double>(clip.seq_end_frame);
+    return static_cast<double>(clip.place.seq_end_frame);
 }
 std::optional<double> seq_length(const clip_record& clip)
 {
-    return static_cast<double>(clip.seq_length);
+    return static_cast<double>(clip.place.seq_length);
 }
 std::optional<double> src_start(const clip_record& clip)
 {
@@ -236,7 +237,7 @@ table_column<clip_record> source_cells(time_format format, frames_function frame
                     return cell_value();
                 const auto rate =
                     clip.fcp_rate ? std::optional(clip.fcp_rate->frames_per_second) : std::nullopt;
-                return time_cell(format, frames(clip), rate, text_of(clip.displayformat));
+                return time_cell(format, frames(clip), rate, clip.displayformat);
             }};
 }
 

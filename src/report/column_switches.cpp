@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "report/column_switches.h"
 
-#include "platform/failures.h"
+#include "run/failures.h"
 
 #include <algorithm>
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "report/column_widths.h"
 
+#include "text/utf8.h"
+
 #include <algorithm>
 
 namespace tallyframe {

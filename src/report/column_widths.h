@@ -7,15 +7,6 @@
 
 namespace tallyframe {
 
-/// Length of a UTF-8 text in characters (Unicode code points).
-constexpr std::size_t text_length(std::string_view text)
-{
-    std::size_t length = 0;
-    for (const char byte : text)
-        length += (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U ? 1U : 0U;
-    return length;
-}
-
 /// Widths of a sheet's columns in characters, kept while the sheet is written.
 using column_widths = std::vector<std::size_t>;
 

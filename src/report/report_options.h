@@ -41,9 +41,13 @@ struct column_layout {
     struct checkbox {
         std::string title;
         int state = 0;
+
+        bool operator==(const checkbox&) const = default;
     };
     std::string name;
     std::vector<checkbox> checkboxes;
+
+    bool operator==(const column_layout&) const = default;
 };
 
 /// How wide in-point thumbnails may be, in pixels.

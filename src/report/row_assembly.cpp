@@ -21,7 +21,7 @@ public:
     {
         for (const Record& record : records) {
             if (!enabled_only || record.enabled == "TRUE")
-                by_label_[record.track].push_back(&record);
+                by_label_[record.place.track].push_back(&record);
         }
     }
 
@@ -49,7 +49,7 @@ std::vector<std::string> ticked_labels(char letter, const std::vector<int>& tick
 clip_record clip_row_of(const generator_record& generator)
 {
     clip_record row;
-    static_cast<track_position&>(row) = static_cast<const track_position&>(generator);
+    row.place = generator.place;
     row.name = generator.name;
     row.type = generator.type;
     row.enabled = generator.enabled;
@@ -117,16 +117,18 @@ template <class Record>
 void sort_by_start(std::vector<const Record*>& records)
 {
     std::stable_sort(records.begin(), records.end(), [](const Record* left, const Record* right) {
-        return std::tie(left->seq_start_frame, left->track) < std::tie(right->seq_start_frame, right->track);
+        return std::tie(left->place.seq_start_frame, left->place.track)
+            < std::tie(right->place.seq_start_frame, right->place.track);
     });
 }
 
 void sort_by_in_frame(std::vector<const clip_marker_record*>& markers)
 {
-    std::stable_sort(
-        markers.begin(), markers.end(), [](const clip_marker_record* left, const clip_marker_record* right) {
-            return std::tie(left->in_frame, left->track) < std::tie(right->in_frame, right->track);
-        });
+    std::stable_sort(markers.begin(), markers.end(),
+                     [](const clip_marker_record* left, const clip_marker_record* right) {
+                         return std::tie(left->in_frame, left->place.track)
+                             < std::tie(right->in_frame, right->place.track);
+                     });
 }
 
 } // namespace

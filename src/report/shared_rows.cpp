@@ -12,25 +12,25 @@ bool have_same_place(const track_position& left, const track_position& right)
 
 } // namespace
 
-bool is_audio(const track_position& item)
+bool is_audio(const track_position& place)
 {
-    return item.track.find('A') != std::string::npos;
+    return place.track.find('A') != std::string::npos;
 }
 
 bool shares_row_on_clips_sheet(const clip_record& previous, const clip_record& clip)
 {
-    return is_audio(clip) && is_audio(previous) && have_same_place(previous, clip)
+    return is_audio(clip.place) && is_audio(previous.place) && have_same_place(previous.place, clip.place)
         && previous.path == clip.path;
 }
 
 bool is_same_use_of_reel(const clip_record& previous, const clip_record& clip)
 {
-    return have_same_place(previous, clip) && previous.name == clip.name;
+    return have_same_place(previous.place, clip.place) && previous.name == clip.name;
 }
 
 bool shares_row_on_reel_sheet(const clip_record& previous, const clip_record& clip)
 {
-    return is_audio(previous) == is_audio(clip) && is_same_use_of_reel(previous, clip);
+    return is_audio(previous.place) == is_audio(clip.place) && is_same_use_of_reel(previous, clip);
 }
 
 std::vector<const clip_record*> rows_of_clips_sheet(const std::vector<const clip_record*>& clip_data_array)

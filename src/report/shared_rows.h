@@ -7,7 +7,7 @@
 
 namespace tallyframe {
 
-bool is_audio(const track_position& item);
+bool is_audio(const track_position& place);
 
 /// Whether a clip shares the row of the clip before it on the clips sheet: both audio, with the same place on
 /// the timeline and the same media path. So the channels of a stereo pair make one row.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "report/column_widths.h"
+#include "timecode/display_format.h"
 
 #include <cstddef>
 #include <functional>
@@ -29,7 +30,7 @@ enum class cell_kind {
 /// The sequence's clock, as the time conversions take it.
 struct sequence_clock {
     std::optional<double> seq_fcp_rate; ///< frames a second; nothing for bins
-    std::string_view seq_displayformat;
+    display_format seq_displayformat = display_format::unknown;
 };
 
 /// What the value of a cell depends on beside its record.
@@ -99,9 +100,9 @@ cell_value field_text(const Record& record, const row_context&)
 template <class Record>
 cell_value track_and_name(const Record& record, const row_context&)
 {
-    if (record.track_name.empty())
-        return text_of(record.track);
-    return record.track + record.track_name;
+    if (record.place.track_name.empty())
+        return text_of(record.place.track);
+    return record.place.track + record.place.track_name;
 }
 
 } // namespace tallyframe

@@ -78,7 +78,7 @@ cell_kind time_cell_kind(time_format format)
 }
 
 cell_value time_cell(time_format format, std::optional<double> frames, std::optional<double> rate,
-                     std::string_view displayformat)
+                     display_format displayformat)
 {
     switch (format) {
     case time_format::timecode:

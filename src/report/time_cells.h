@@ -32,9 +32,9 @@ cell_kind time_cell_kind(time_format format);
 /// A number of frames in one of the time formats. `frames` may be missing: the text formats then give the
 /// empty text, the numbers no cell. `rate` in frames a second; seconds without a usable one give no cell.
 cell_value time_cell(time_format format, std::optional<double> frames, std::optional<double> rate,
-                     std::string_view displayformat);
+                     display_format displayformat);
 
-/// The clock of what was analysed, which has to outlive it. Bins have no rate.
+/// The clock of what was analysed. Bins have no rate.
 sequence_clock clock_of(const analysis_result& analysis);
 
 /// The frame count as the sequence's timecode, as most sheets show their times.

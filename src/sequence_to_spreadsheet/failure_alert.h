@@ -3,7 +3,6 @@
 
 #include <exception>
 #include <string>
-#include <string_view>
 
 namespace tallyframe {
 
@@ -14,7 +13,6 @@ struct failure_alert {
     std::string system_log_text; ///< empty for the failures that a user can mend alone
 };
 
-/// `error_tracker`: what the host was doing, joined to the message of an unexpected failure; may be empty.
-failure_alert alert_for(const std::exception& error, std::string_view error_tracker = {});
+failure_alert alert_for(const std::exception& error);
 
 } // namespace tallyframe

@@ -2,39 +2,52 @@
 #include "sequence_to_spreadsheet/sequence_to_spreadsheet.h"
 
 #include "analysis/analyze.h"
-#include "platform/failures.h"
-#include "platform/gui_mode.h"
+#include "run/failures.h"
+#include "run/gui_mode.h"
 #include "sequence_to_spreadsheet/failure_alert.h"
+
+#include <new>
+#include <utility>
 
 namespace tallyframe {
 
 namespace {
 
-void fill_menu(const std::vector<catalogue_entry>& entries, sequence_menu& menu)
-{
-    for (const catalogue_entry& entry : entries) {
-        if (entry.is_separator())
-            menu.add_separator();
-        else
-            menu.add_item(entry.title);
-    }
-    menu.set_enabled(!entries.empty());
-}
-
 void load(report_session& session, const xml_input& input, const session_services& services)
 {
-    session.document.reset(); // two large documents need not fit into memory at once
+    if (session.document) { // two large documents need not fit into memory at once
+        xml_document previous = std::move(session.document->document);
+        session.document.reset();
+        session.additions = {};
+        previous.free_before_going_on(services.display);
+    }
     session.document = parse_xml(input, services.out, services.display);
     session.menu = sequence_catalogue(session.document->index);
-    fill_menu(session.menu, services.menu);
+    services.menu.set_enabled(!session.menu.empty());
     if (session.menu.size() == 1)
         services.menu.analyze_sequence();
 }
 
-void show_failure(const std::exception& error, std::string_view error_tracker,
-                  const session_services& services)
+void analyze_into(report_session& session, xml_node sequence, document_additions& additions,
+                  media_catalogues& catalogues, const session_services& services)
 {
-    const failure_alert texts = alert_for(error, error_tracker);
+    session.analysis = analyze(session.document.value().index, sequence, additions, catalogues,
+                               session.import_video_audio_preference, session.video_tracks_table_checkboxes,
+                               session.audio_tracks_table_checkboxes, services.out, services.display);
+    services.display.end();
+}
+
+/// The sequences end the menu, in the order of their identifiers in the document. None: the bins' entry.
+xml_node sequence_of_entry(const report_session& session, std::size_t menu_position)
+{
+    const std::vector<xml_node>& uuids = session.document.value().index.sequence_uuids;
+    const std::size_t before = session.menu.size() - uuids.size();
+    return menu_position < before ? xml_node() : uuids.at(menu_position - before).parent();
+}
+
+void show_failure(const std::exception& error, const session_services& services)
+{
+    const failure_alert texts = alert_for(error);
     services.display.end();
     if (!texts.system_log_text.empty())
         services.alert.write_system_log(texts.system_log_text);
@@ -45,19 +58,19 @@ void show_failure(const std::exception& error, std::string_view error_tracker,
 
 void get_sequences_names(report_session& session, const xml_input& input, const session_services& services)
 {
-    services.menu.remove_all_items();
     session.menu.clear();
     clone_and_clear_tableview_checkboxes(session);
-    services.menu.reload_track_tables();
     session.analyzed_sequence_index.reset();
     try {
         load(session, input, services);
     } catch (const run_cancelled&) {
         throw;
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (const std::exception& error) {
         if (gui_mode == false)
             throw;
-        show_failure(error, session.error_tracker, services);
+        show_failure(error, services);
     }
 }
 
@@ -70,10 +83,16 @@ void clone_and_clear_tableview_checkboxes(report_session& session)
 void get_info_from_sequence_or_bins(report_session& session, std::string_view uuid,
                                     const session_services& services)
 {
-    session.analysis = analyze(session.document.value().index, uuid, session.import_video_audio_preference,
-                               session.video_tracks_table_checkboxes, session.audio_tracks_table_checkboxes,
-                               services.out, services.display);
-    services.display.end();
+    media_catalogues catalogues;
+    analyze_into(session, session.document.value().index.sequence_with_uuid(uuid), session.additions,
+                 catalogues, services);
+}
+
+void get_info_from_entry(report_session& session, std::size_t menu_position, media_catalogues& catalogues,
+                         const session_services& services)
+{
+    document_additions additions;
+    analyze_into(session, sequence_of_entry(session, menu_position), additions, catalogues, services);
 }
 
 std::string get_project_name()

@@ -7,27 +7,9 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 #include <unordered_map>
 
 namespace tallyframe {
-
-/// The tags of an audio file, as the cells show them. A tag that the file lacks is empty.
-struct audio_tags {
-    std::string song_title;
-    std::string album;
-    std::optional<double> track_number; ///< a whole number
-    std::optional<double> year; ///< a whole number
-    std::string musical_genre;
-    std::string authors;
-    std::string composer;
-    std::string producer;
-
-    bool operator==(const audio_tags&) const = default;
-};
-
-/// The tags out of the raw form that audio_tag_reader gives. Nothing when that is empty.
-std::optional<audio_tags> parse_audio_tags(std::string_view raw);
 
 /// The tags of a report's media files. Looks at each file once, however many rows use it.
 class audio_tag_catalogue {

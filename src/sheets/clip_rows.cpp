@@ -2,69 +2,89 @@
 #include "sheets/clip_rows.h"
 
 #include "report/shared_rows.h"
-#include "report/sheet_set.h"
-#include "sheets/table_sheet.h"
+
+#include <utility>
 
 namespace tallyframe {
 
 namespace {
 
-/// The tags of an audio row's file, from that column on.
-void write_tag_cells(xls::worksheet& sheet, std::size_t row, std::size_t column, const audio_tags& tags,
-                     const row_format_set& formats, column_widths& widths)
+cell_value number_or_no_cell(std::optional<double> number)
 {
-    const auto write = [&](const cell_value& value, cell_kind kind) {
-        write_cell(sheet, row, column++, value, kind, formats, true, widths);
-    };
-    const auto write_text = [&](std::string_view text) { write(text, cell_kind::text); };
-    const auto write_number = [&](std::optional<double> number) {
-        write(number ? cell_value(*number) : cell_value(), cell_kind::plain_number);
-    };
-    write_text(tags.song_title);
-    write_text(tags.album);
-    write_number(tags.track_number);
-    write_number(tags.year);
-    write_text(tags.musical_genre);
-    write_text(tags.authors);
-    write_text(tags.composer);
-    write_text(tags.producer);
+    return number ? cell_value(*number) : cell_value();
+}
+
+/// The tags of an audio row's file, in the order of their columns.
+struct tag_cell {
+    cell_kind kind;
+    cell_value (*value)(const audio_tags&);
+};
+
+constexpr tag_cell tag_cells[] = {
+    {cell_kind::text, [](const audio_tags& tags) -> cell_value { return std::string_view(tags.song_title); }},
+    {cell_kind::text, [](const audio_tags& tags) -> cell_value { return std::string_view(tags.album); }},
+    {cell_kind::plain_number, [](const audio_tags& tags) { return number_or_no_cell(tags.track_number); }},
+    {cell_kind::plain_number, [](const audio_tags& tags) { return number_or_no_cell(tags.year); }},
+    {cell_kind::text,
+     [](const audio_tags& tags) -> cell_value { return std::string_view(tags.musical_genre); }},
+    {cell_kind::text, [](const audio_tags& tags) -> cell_value { return std::string_view(tags.authors); }},
+    {cell_kind::text, [](const audio_tags& tags) -> cell_value { return std::string_view(tags.composer); }},
+    {cell_kind::text, [](const audio_tags& tags) -> cell_value { return std::string_view(tags.producer); }},
+};
+
+/// The tags follow the last cell of the clip itself.
+void add_tag_columns(sheet_columns<clip_record>& columns, audio_tag_catalogue& tags)
+{
+    for (const tag_cell& cell : tag_cells) {
+        columns.cells.push_back(
+            {cell.kind, true, [&tags, value = cell.value](const clip_record& clip, const row_context&) {
+                 const audio_tags* found = tags.tags_of(clip);
+                 return found != nullptr ? value(*found) : cell_value();
+             }});
+    }
+}
+
+row_look look_of_clip(const clip_record& clip)
+{
+    const text_color color = is_audio(clip.place) ? text_color::audio : text_color::video;
+    return {color, color};
 }
 
 } // namespace
 
-void write_clip_row(const report_frame& frame, xls::worksheet& sheet, const row_context& row,
-                    const clip_sheet_columns& columns, const clip_record& clip, column_widths& widths)
+sheet sheet_of_clips(const report_frame& frame, std::string name, const clip_sheet_columns& columns,
+                     std::vector<const clip_record*> clips, std::optional<total_line> total)
 {
-    const row_format_set& formats = is_audio(clip) ? frame.formats.audio : frame.formats.video;
-    write_row(sheet, row, columns.cells, clip, formats, widths);
-    const bool wants_tags = columns.has_audio_tags && frame.tags != nullptr;
-    if (const audio_tags* tags = wants_tags ? frame.tags->tags_of(clip) : nullptr)
-        write_tag_cells(sheet, row.sheet_row, columns.cells.size(), *tags, formats, widths);
+    const sheet_columns<clip_record>& shown = columns;
+    table_sheet<clip_record> table = {.name = std::move(name),
+                                      .columns = shown,
+                                      .records = std::move(clips),
+                                      .look_of_row = {},
+                                      .total = std::move(total)};
+    if (columns.has_audio_tags && frame.tags != nullptr)
+        add_tag_columns(table.columns, *frame.tags);
+    std::vector<row_look> looks; // asked for with each cell
+    looks.reserve(table.records.size());
+    for (const clip_record* clip : table.records)
+        looks.push_back(look_of_clip(*clip));
+    table.look_of_row = [looks = std::move(looks)](std::size_t record) { return looks[record]; };
+    return sheet_of(std::move(table), frame.clock);
 }
 
-void write_clips_sheet(const report_frame& frame, running_report& running)
+void add_clips_sheet(const report_frame& frame, growing_report& report)
 {
     const clip_sheet_columns columns =
         expand_clip_columns(clip_sheet::all_reels, frame.options, frame.switches, frame.analysis.is_sequence);
-    xls::worksheet& sheet = add_sheet(frame, running, sheet_name(report_sheet::all_reels));
-    write_headers(sheet, 0, columns.headers, frame.formats.header_format);
-    column_widths widths = columns.widths;
-    add_one_to_each(widths);
-
-    row_context row = {.sheet_row = 0, .clock = frame.clock};
-    const clip_record* previous = nullptr;
-    for (const clip_record* clip : frame.rows.clip_data_array) {
-        frame.display.advance({});
-        if (previous == nullptr || !shares_row_on_clips_sheet(*previous, *clip)) {
-            ++row.sheet_row;
-            if (frame.thumbnails != nullptr && columns.picture_column)
-                add_thumbnail(*clip, row.sheet_row, *columns.picture_column, sheet, *frame.thumbnails);
-            write_clip_row(frame, sheet, row, columns, *clip, widths);
-            running.filepaths_summary.add(*clip);
-        }
-        previous = clip;
+    std::vector<const clip_record*> clips = rows_of_clips_sheet(frame.rows.clip_data_array);
+    sheet made = sheet_of_clips(frame, std::string(all_reels_name), columns, clips);
+    made.progress_steps = frame.rows.clip_data_array.size();
+    made.picture_column = columns.picture_column;
+    if (frame.thumbnails != nullptr && columns.picture_column) {
+        made.picture = [clips = std::move(clips), &run = *frame.thumbnails](std::size_t row) {
+            return make_thumbnail(*clips[row - 1], row, run);
+        };
     }
-    set_widths(sheet, widths);
+    report.add(std::move(made));
 }
 
 } // namespace tallyframe

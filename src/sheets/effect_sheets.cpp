@@ -2,9 +2,7 @@
 #include "sheets/effect_sheets.h"
 
 #include "report/shared_rows.h"
-#include "report/sheet_set.h"
 #include "report/time_cells.h"
-#include "sheets/table_sheet.h"
 
 #include <algorithm>
 #include <set>
@@ -17,20 +15,21 @@ namespace {
 template <class Record>
 cell_value sequence_in(const Record& item, const row_context& row)
 {
-    return sequence_timecode(item.seq_start_frame, row.clock);
+    return sequence_timecode(item.place.seq_start_frame, row.clock);
 }
 
 template <class Record>
 cell_value sequence_out(const Record& item, const row_context& row)
 {
-    return sequence_timecode(item.seq_end_frame, row.clock);
+    return sequence_timecode(item.place.seq_end_frame, row.clock);
 }
 
 /// From the first frame to the last: one frame less than the item lasts.
 template <class Record>
 cell_value duration(const Record& item, const row_context& row)
 {
-    const double frames = static_cast<double>(item.seq_end_frame) - static_cast<double>(item.seq_start_frame);
+    const double frames =
+        static_cast<double>(item.place.seq_end_frame) - static_cast<double>(item.place.seq_start_frame);
     return sequence_timecode(std::optional(frames), row.clock);
 }
 
@@ -97,95 +96,95 @@ std::vector<distinct_effect> distinct_by_name(const std::vector<distinct_effect>
 /// The built-in effects in the colours of their tracks, and those of other makers in red.
 template <class Record>
 std::vector<catalogue> catalogues_of(const std::vector<const Record*>& records,
-                                     std::string_view built_in_title, std::string_view third_party_title,
-                                     const row_formats& formats)
+                                     std::string_view built_in_title, std::string_view third_party_title)
 {
     std::vector<distinct_effect> built_in;
     std::vector<distinct_effect> third_party;
     for (const Record* record : records) {
         if (record->apple)
-            built_in.push_back({record->name, text_of(record->track).substr(0, 1)});
+            built_in.push_back({record->name, text_of(record->place.track).substr(0, 1)});
         else
             third_party.push_back({record->name, {}});
     }
     catalogue own{built_in_title, {}};
     for (const distinct_effect& effect : distinct_by_name(built_in))
         own.entries.push_back(
-            {effect.name, (effect.track_letter == "V" ? formats.video : formats.audio).text_format});
+            {effect.name, effect.track_letter == "V" ? text_color::video : text_color::audio});
     catalogue others{third_party_title, {}};
     for (const distinct_effect& effect : distinct_by_name(third_party))
-        others.entries.push_back({effect.name, formats.red.text_format});
+        others.entries.push_back({effect.name, text_color::red});
     return {own, others};
 }
 
-/// The formats of an effect's row. A built-in effect on a video track keeps those of the row before it.
+/// The look of each row. A built-in effect on a video track keeps that of the row before it.
 template <class Record>
-const row_format_set& formats_of_effect(const Record& effect, const row_formats& formats,
-                                        row_format_set& running)
+std::vector<row_look> looks_of_effects(const std::vector<const Record*>& effects, row_look& running)
 {
-    if (!effect.apple)
-        running.text_format = formats.red.text_format;
-    else if (is_audio(effect))
-        running.text_format = formats.audio.text_format;
-    return running;
+    std::vector<row_look> looks;
+    looks.reserve(effects.size());
+    for (const Record* effect : effects) {
+        if (!effect->apple)
+            running.text = text_color::red;
+        else if (is_audio(effect->place))
+            running.text = text_color::audio;
+        looks.push_back(running);
+    }
+    return looks;
 }
 
 template <class Record>
-void write_effect_sheet(const report_frame& frame, running_report& running, table_sheet<Record> table)
+void add_effect_sheet(const report_frame& frame, growing_report& report, table_sheet<Record> table)
 {
-    table.formats_of_row = [&](const Record& effect) {
-        return formats_of_effect(effect, frame.formats, running.row_formats);
+    table.look_of_row = [looks = looks_of_effects(table.records, report.running_look)](std::size_t record) {
+        return looks[record];
     };
-    write_table_sheet(frame, running, table);
+    report.add(sheet_of(std::move(table), frame.clock));
 }
 
 } // namespace
 
-void write_transitions_sheet(const report_frame& frame, running_report& running)
+void add_transitions_sheet(const report_frame& frame, growing_report& report)
 {
     const auto& transitions = frame.rows.transitions;
-    write_effect_sheet<transition_record>(
-        frame, running,
-        {.name = sheet_name(report_sheet::transitions),
+    add_effect_sheet<transition_record>(
+        frame, report,
+        {.name = std::string(transitions_name),
          .columns = columns_of(transition_columns),
          .records = transitions,
-         .formats_of_row = {},
-         .catalogues =
-             catalogues_of(transitions, "Built-in Transitions", "Third-Party Transitions", frame.formats)});
+         .look_of_row = {},
+         .catalogues = catalogues_of(transitions, "Built-in Transitions", "Third-Party Transitions")});
 }
 
-void write_filters_sheet(const report_frame& frame, running_report& running)
+void add_filters_sheet(const report_frame& frame, growing_report& report)
 {
     const auto& filters = frame.rows.filters;
-    write_effect_sheet<filter_record>(
-        frame, running,
-        {.name = sheet_name(report_sheet::filters),
+    add_effect_sheet<filter_record>(
+        frame, report,
+        {.name = std::string(filters_name),
          .columns = columns_of(filter_columns),
          .records = filters,
-         .formats_of_row = {},
-         .catalogues = catalogues_of(filters, "Built-in Filters", "Third-Party Filters", frame.formats)});
+         .look_of_row = {},
+         .catalogues = catalogues_of(filters, "Built-in Filters", "Third-Party Filters")});
 }
 
-void write_motion_sheet(const report_frame& frame, running_report& running)
+void add_motion_sheet(const report_frame& frame, growing_report& report)
 {
     catalogue applied{"Motion Applied", {}};
     std::set<std::string_view> names;
     for (const motion_record* motion : frame.rows.motion)
         names.insert(motion->name);
     for (const std::string_view name : names)
-        applied.entries.push_back({name, frame.formats.video.text_format});
+        applied.entries.push_back({name, text_color::video});
 
-    write_table_sheet<motion_record>(frame, running,
-                                     {.name = sheet_name(report_sheet::motion_effects),
-                                      .columns = columns_of(motion_columns),
-                                      .records = frame.rows.motion,
-                                      .formats_of_row =
-                                          [&](const motion_record&) {
-                                              running.row_formats.text_format =
-                                                  frame.formats.video.text_format;
-                                              return running.row_formats;
-                                          },
-                                      .catalogues = {applied}});
+    if (!frame.rows.motion.empty())
+        report.running_look.text = text_color::video;
+    report.add(
+        sheet_of<motion_record>({.name = std::string(motion_effects_name),
+                                 .columns = columns_of(motion_columns),
+                                 .records = frame.rows.motion,
+                                 .look_of_row = [look = report.running_look](std::size_t) { return look; },
+                                 .catalogues = {applied}},
+                                frame.clock));
 }
 
 } // namespace tallyframe

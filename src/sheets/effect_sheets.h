@@ -3,19 +3,25 @@
 
 #include "sheets/report_frame.h"
 
+#include <string_view>
+
 namespace tallyframe {
 
+inline constexpr std::string_view transitions_name = "Transitions";
+inline constexpr std::string_view filters_name = "Filters";
+inline constexpr std::string_view motion_effects_name = "Motion Effects";
+
 // Each of these sheets lists the distinct effects first, by name, and then every use of them. Their rows take
-// the running row formats: a built-in effect on a video track changes nothing and is written in the colour
-// of the row before it.
+// the running look: a built-in effect on a video track changes nothing and has the colour of the row before
+// it.
 
-/// Writes "Transitions".
-void write_transitions_sheet(const report_frame& frame, running_report& running);
+/// Adds "Transitions".
+void add_transitions_sheet(const report_frame& frame, growing_report& report);
 
-/// Writes "Filters". Its check marks keep the running centred format, whatever their row's colour.
-void write_filters_sheet(const report_frame& frame, running_report& running);
+/// Adds "Filters". Its check marks keep the running colour of centred cells, whatever their row's.
+void add_filters_sheet(const report_frame& frame, growing_report& report);
 
-/// Writes "Motion Effects", all rows in the text format of video, which stays the running one.
-void write_motion_sheet(const report_frame& frame, running_report& running);
+/// Adds "Motion Effects", all texts in the colour of video, which stays the running one.
+void add_motion_sheet(const report_frame& frame, growing_report& report);
 
 } // namespace tallyframe

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "sheets/generators_sheet.h"
 
-#include "report/sheet_set.h"
 #include "report/time_cells.h"
-#include "sheets/table_sheet.h"
 
 #include <algorithm>
 
@@ -37,12 +35,12 @@ std::int64_t out_point_adjustment(const time_adjustments& adjustments, time_form
 
 double in_point(const generator_record& item)
 {
-    return static_cast<double>(item.seq_start_frame);
+    return static_cast<double>(item.place.seq_start_frame);
 }
 
 double out_point(const generator_record& item)
 {
-    return static_cast<double>(item.seq_end_frame);
+    return static_cast<double>(item.place.seq_end_frame);
 }
 
 /// From the first frame to the last: one frame less than the item lasts.
@@ -113,16 +111,16 @@ sheet_columns<generator_record> generator_columns(const report_options& options,
     return columns;
 }
 
-void write_generators_sheet(const report_frame& frame, running_report& running)
+void add_generators_sheet(const report_frame& frame, growing_report& report)
 {
-    running.row_formats = frame.formats.video;
-    write_table_sheet<generator_record>(
-        frame, running,
-        {.name = sheet_name(report_sheet::graphics_and_titles),
-         .columns = generator_columns(frame.options, frame.switches),
-         .records = frame.rows.generators,
-         .formats_of_row = [&](const generator_record&) { return running.row_formats; },
-         .margin = width_margin::after_rows});
+    report.running_look = {text_color::video, text_color::video};
+    report.add(
+        sheet_of<generator_record>({.name = std::string(graphics_and_titles_name),
+                                    .columns = generator_columns(frame.options, frame.switches),
+                                    .records = frame.rows.generators,
+                                    .look_of_row = [look = report.running_look](std::size_t) { return look; },
+                                    .margin = width_margin::after_rows},
+                                   frame.clock));
 }
 
 } // namespace tallyframe

@@ -6,14 +6,18 @@
 #include "report/table_columns.h"
 #include "sheets/report_frame.h"
 
+#include <string_view>
+
 namespace tallyframe {
+
+inline constexpr std::string_view graphics_and_titles_name = "Graphics & Titles";
 
 /// The columns of "Graphics & Titles" over the chosen timeline formats. The "Clip Duration" switch governs
 /// the headers of the durations but not their cells.
 sheet_columns<generator_record> generator_columns(const report_options& options,
                                                   const column_switches& switches);
 
-/// Writes "Graphics & Titles" and sets the running row formats to those of video.
-void write_generators_sheet(const report_frame& frame, running_report& running);
+/// Adds "Graphics & Titles" and sets the running look to that of video.
+void add_generators_sheet(const report_frame& frame, growing_report& report);
 
 } // namespace tallyframe

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "sheets/marker_sheets.h"
 
-#include "report/sheet_set.h"
 #include "report/time_cells.h"
-#include "sheets/table_sheet.h"
 
 namespace tallyframe {
 
@@ -51,30 +49,34 @@ constexpr fixed_column<clip_marker> clip_marker_columns[] = {
     {"Source Out", timecode_width, false, timecode_of<&clip_marker::src_out_frame>},
 };
 
+constexpr row_look marker_look = {text_color::marker, text_color::marker};
+
 template <class Marker>
-void write_marker_sheet(const report_frame& frame, running_report& running, report_sheet sheet,
-                        sheet_columns<Marker> columns, const std::vector<const Marker*>& markers)
+sheet sheet_of_markers(const report_frame& frame, std::string_view name, sheet_columns<Marker> columns,
+                       std::vector<const Marker*> markers)
 {
-    const auto marker_formats = [&](const Marker&) { return frame.formats.marker; };
-    write_table_sheet<Marker>(frame, running,
-                              {sheet_name(sheet), std::move(columns), markers, marker_formats});
+    return sheet_of<Marker>({.name = std::string(name),
+                             .columns = std::move(columns),
+                             .records = std::move(markers),
+                             .look_of_row = [](std::size_t) { return marker_look; }},
+                            frame.clock);
 }
 
 } // namespace
 
-void write_sequence_markers_sheet(const report_frame& frame, running_report& running)
+void add_sequence_markers_sheet(const report_frame& frame, growing_report& report)
 {
     std::vector<const marker_record*> markers;
     for (const marker_record& marker : frame.analysis.seq_markers_data_array)
         markers.push_back(&marker);
-    write_marker_sheet(frame, running, report_sheet::sequence_markers, columns_of(sequence_marker_columns),
-                       markers);
+    report.add(sheet_of_markers(frame, sequence_markers_name, columns_of(sequence_marker_columns),
+                                std::move(markers)));
 }
 
-void write_clip_markers_sheet(const report_frame& frame, running_report& running)
+void add_clip_markers_sheet(const report_frame& frame, growing_report& report)
 {
-    write_marker_sheet(frame, running, report_sheet::clip_markers, columns_of(clip_marker_columns),
-                       frame.rows.clip_markers);
+    report.add(
+        sheet_of_markers(frame, clip_markers_name, columns_of(clip_marker_columns), frame.rows.clip_markers));
 }
 
 } // namespace tallyframe

@@ -4,10 +4,12 @@
 #include "report/clip_columns.h"
 #include "report/shared_rows.h"
 #include "sheets/clip_rows.h"
-#include "sheets/table_sheet.h"
 #include "timecode/to_timecode.h"
 
+#include <optional>
+#include <string>
 #include <unordered_map>
+#include <utility>
 
 namespace tallyframe {
 
@@ -26,61 +28,73 @@ clips_by_reel(const std::vector<const clip_record*>& clips)
     return by_reel;
 }
 
-/// Writes the rows and gives the last one. One use of the reel by picture and sound counts once in
-/// `estimated_total`, whether or not the two share a row.
-std::size_t write_rows(const report_frame& frame, xls::worksheet& sheet, const clip_sheet_columns& columns,
-                       const clips_of_reel& clips, double& estimated_total)
+/// The clips that get a row of their own.
+clips_of_reel rows_of(const clips_of_reel& clips)
 {
-    column_widths widths = columns.widths;
-    add_one_to_each(widths);
-    row_context row = {.sheet_row = 0, .clock = frame.clock};
-    const clip_record* previous = nullptr;
-    for (const clip_record* clip : clips) {
-        if (previous == nullptr || !shares_row_on_reel_sheet(*previous, *clip)) {
-            ++row.sheet_row;
-            write_clip_row(frame, sheet, row, columns, *clip, widths);
-        }
-        if (previous == nullptr || !is_same_use_of_reel(*previous, *clip))
-            estimated_total += static_cast<double>(clip->seq_length);
-        previous = clip;
+    clips_of_reel rows;
+    for (std::size_t i = 0; i < clips.size(); ++i) {
+        if (i == 0 || !shares_row_on_reel_sheet(*clips[i - 1], *clips[i]))
+            rows.push_back(clips[i]);
     }
-    set_widths(sheet, widths);
-    return row.sheet_row;
+    return rows;
 }
 
-void write_total(const report_frame& frame, xls::worksheet& sheet, std::size_t row, std::size_t column,
-                 double estimated_total)
+/// Frames. Picture and sound of one use count once, whether or not the two share a row.
+double estimated_total_of(const clips_of_reel& clips)
 {
-    sheet.write_string(row, column - 1, "Total:", frame.formats.header_format);
-    sheet.write_string(row, column,
-                       to_timecode(estimated_total, frame.clock.seq_fcp_rate, frame.clock.seq_displayformat),
-                       frame.formats.black.text_format);
+    double frames = 0;
+    for (std::size_t i = 0; i < clips.size(); ++i) {
+        if (i == 0 || !is_same_use_of_reel(*clips[i - 1], *clips[i]))
+            frames += static_cast<double>(clips[i]->place.seq_length);
+    }
+    return frames;
+}
+
+std::optional<total_line> total_of(const report_frame& frame, const clip_sheet_columns& columns,
+                                   const clips_of_reel& clips)
+{
+    if (!frame.analysis.is_sequence || !columns.first_source_duration)
+        return std::nullopt;
+    return total_line{.column = *columns.first_source_duration,
+                      .sum = to_timecode(estimated_total_of(clips), frame.clock.seq_fcp_rate,
+                                         frame.clock.seq_displayformat)};
 }
 
 } // namespace
 
-void write_reel_sheets(const report_frame& frame, running_report& running)
+std::vector<source_total> totals_of_reels(const report_frame& frame)
 {
-    const bool is_sequence = frame.analysis.is_sequence;
+    const auto by_reel = clips_by_reel(frame.rows.clip_data_array);
+    std::vector<source_total> totals;
+    for (const std::string& reel : frame.analysis.reels_array) {
+        const auto clips = by_reel.find(reel);
+        if (clips != by_reel.end())
+            totals.push_back(
+                {.name = reel, .path = {}, .estimated_total = estimated_total_of(clips->second)});
+    }
+    return totals;
+}
+
+void add_reel_sheets(const report_frame& frame, growing_report& report)
+{
     const clip_sheet_columns columns =
-        expand_clip_columns(clip_sheet::one_reel, frame.options, frame.switches, is_sequence);
+        expand_clip_columns(clip_sheet::one_reel, frame.options, frame.switches, frame.analysis.is_sequence);
     const auto by_reel = clips_by_reel(frame.rows.clip_data_array);
     std::size_t number = 0;
-    for (const reel_record& reel : frame.analysis.reels_array) {
-        frame.display.advance({});
+    std::size_t steps = 0; // a reel is one step, with clips or without
+    for (const std::string& reel : frame.analysis.reels_array) {
         ++number; // a reel without clips takes its number along
-        const auto clips = by_reel.find(reel.name);
+        ++steps;
+        const auto clips = by_reel.find(reel);
         if (clips == by_reel.end())
             continue;
-        xls::worksheet& sheet =
-            add_sheet(frame, running, reel_sheet_name(number, reel.name, running.used_names));
-        write_headers(sheet, 0, columns.headers, frame.formats.header_format);
-        source_total total = {.name = reel.name, .path = {}, .estimated_total = 0};
-        const std::size_t last_row = write_rows(frame, sheet, columns, clips->second, total.estimated_total);
-        if (is_sequence && columns.first_source_duration)
-            write_total(frame, sheet, last_row + 2, *columns.first_source_duration, total.estimated_total);
-        running.reels_summary.push_back(total);
+        sheet made = sheet_of_clips(frame, reel_sheet_name(number, reel, report.used_names), columns,
+                                    rows_of(clips->second), total_of(frame, columns, clips->second));
+        made.progress_steps = std::exchange(steps, 0);
+        report.add(std::move(made));
     }
+    if (!report.sheets.empty())
+        report.sheets.back().progress_steps += steps;
 }
 
 } // namespace tallyframe

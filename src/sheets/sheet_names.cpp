@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "sheets/sheet_names.h"
 
+#include "text/shortened.h"
 #include "workbook/sheet_name.h"
 
 namespace tallyframe {
@@ -51,17 +52,7 @@ void append_legal(std::string& name, char character)
 /// The name as far as Excel takes it: 31 UTF-16 units, no half of a surrogate pair, no apostrophe at its end.
 std::string cut_to_length(std::string name)
 {
-    std::size_t units = 0;
-    std::size_t end = 0;
-    for (; end < name.size(); ++end) {
-        const auto byte = static_cast<unsigned char>(name[end]);
-        const bool starts_character = (byte & 0xC0U) != 0x80U;
-        if (starts_character)
-            units += byte >= 0xF0U ? 2 : 1;
-        if (units > longest_name)
-            break;
-    }
-    name.resize(end);
+    name.resize(front_in_utf16_units(name, longest_name).size());
     name.resize(name.find_last_not_of('\'') + 1);
     return name;
 }

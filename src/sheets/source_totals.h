@@ -3,9 +3,7 @@
 
 #include "analysis/clip_record.h"
 
-#include <cstddef>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace tallyframe {
@@ -17,16 +15,9 @@ struct source_total {
     double estimated_total = 0; ///< frames at the sequence's rate
 };
 
-/// The media files met on the clips sheet, in the order met. Clips without a path count under the empty one.
-class file_totals {
-public:
-    void add(const clip_record& clip);
-    const std::vector<source_total>& entries() const { return entries_; }
-
-private:
-    std::vector<source_total> entries_;
-    std::unordered_map<std::string_view, std::size_t> entry_by_path_;
-};
+/// The media files of the clips sheet's rows, in the order met. Clips without a path count under the empty
+/// one.
+std::vector<source_total> totals_of_files(const std::vector<const clip_record*>& rows);
 
 double sum_of(const std::vector<source_total>& totals);
 

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "sheets/summary_sheets.h"
 
-#include "report/sheet_set.h"
-#include "sheets/table_sheet.h"
+#include "report/shared_rows.h"
+#include "sheets/reel_sheets.h"
+#include "sheets/source_totals.h"
 #include "timecode/to_timecode.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tallyframe {
 
@@ -13,75 +15,74 @@ namespace {
 
 enum summary_column : std::size_t { name_column, total_column, share_column, path_column };
 
-constexpr double total_width = 15; ///< of "Estimated Total"
-constexpr double share_width = 10; ///< of "% of Total"
-constexpr double reel_name_width = 17; ///< of "Source Reel Name" and a blank
+constexpr cell_look header_look = {text_color::header, cell_form::text};
+constexpr cell_look total_look = {text_color::black, cell_form::text};
+constexpr cell_look share_look = {text_color::black, cell_form::percent};
 
-/// The share's column format shows in empty cells alone, as do all column formats here.
-void set_widths_of_totals(xls::worksheet& sheet, const row_formats& formats)
+/// Column formats show in empty cells alone.
+constexpr sheet_column total_width = {.width = std::string_view("Estimated Total").size()};
+constexpr sheet_column share_width = {.width = std::string_view("% of Total").size(),
+                                      .empty_look = share_look};
+
+/// A name and a path have no format. A share of nothing (0 ÷ 0) is no number and shows as an error.
+sheet_cell cell_of(const source_total& total, double sum, std::size_t column, const sequence_clock& clock)
 {
-    sheet.set_column(total_column, total_column, total_width);
-    sheet.set_column(share_column, share_column, share_width, formats.black.center_format);
+    switch (column) {
+    case name_column:
+        return {total.name, {}};
+    case total_column:
+        return {to_timecode(total.estimated_total, clock.seq_fcp_rate, clock.seq_displayformat), total_look};
+    case share_column:
+        return {total.estimated_total / sum, share_look};
+    case path_column:
+        return {total.path, {}};
+    default:
+        return {};
+    }
 }
 
-/// The name has no format. A share of nothing (0 ÷ 0) is no number and shows as an error.
-void write_summary_row(xls::worksheet& sheet, std::size_t row, const source_total& total, double sum,
-                       const report_frame& frame)
+sheet sheet_of_totals(const report_frame& frame, std::string_view name, std::vector<std::string> headers,
+                      std::vector<source_total> totals, double sum)
 {
-    sheet.write_string(row, name_column, total.name);
-    sheet.write_string(
-        row, total_column,
-        to_timecode(total.estimated_total, frame.clock.seq_fcp_rate, frame.clock.seq_displayformat),
-        frame.formats.black.text_format);
-    sheet.write_number(row, share_column, total.estimated_total / sum, frame.formats.black.center_format);
+    const std::size_t width = headers.size();
+    const std::size_t count = totals.size();
+    sheet made = empty_sheet(std::string(name), {.headers = headers}, count);
+    made.cell = [around = cells_around({.headers = std::move(headers)}, count), totals = std::move(totals),
+                 sum, width, clock = frame.clock](std::size_t row, std::size_t column) -> sheet_cell {
+        const bool is_record = row > 0 && row <= totals.size() && column < width;
+        return is_record ? cell_of(totals[row - 1], sum, column, clock) : around(row, column);
+    };
+    return made;
 }
 
 } // namespace
 
-void write_files_summary(const report_frame& frame, running_report& running)
+void add_files_summary(const report_frame& frame, growing_report& report)
 {
-    xls::worksheet& sheet = add_sheet(frame, running, sheet_name(report_sheet::files_summary));
-    write_headers(sheet, 0, {"File Name", "Estimated Total", "% of Total", "File Path"},
-                  frame.formats.header_format);
-    set_widths_of_totals(sheet, frame.formats);
-    column_widths widths(path_column + 1);
-    widths[name_column] = std::string_view("File Name ").size();
-    widths[path_column] = std::string_view("File Path ").size();
-
-    std::vector<source_total> files = running.filepaths_summary.entries();
+    std::vector<source_total> files = totals_of_files(rows_of_clips_sheet(frame.rows.clip_data_array));
     const double sum = sum_of(files);
     std::stable_sort(files.begin(), files.end(), [](const source_total& left, const source_total& right) {
         return left.name < right.name;
     });
-    std::size_t row = 0;
-    for (const source_total& file : files) {
-        write_summary_row(sheet, ++row, file, sum, frame);
-        sheet.write_string(row, path_column, file.path);
-        widen(widths, name_column, file.name);
-        widen(widths, path_column, file.path);
-    }
-    for (const std::size_t column : {name_column, path_column})
-        sheet.set_column(column, column, finished_width(widths[column]), frame.formats.header_format);
+    sheet made =
+        sheet_of_totals(frame, files_summary_name,
+                        {"File Name", "Estimated Total", "% of Total", "File Path"}, std::move(files), sum);
+    const sheet_column text_width = {
+        .width = std::string_view("File Name ").size(), .widens = true, .empty_look = header_look};
+    made.columns = {text_width, total_width, share_width, text_width};
+    report.add(std::move(made));
 }
 
-void add_reels_summary(const report_frame& frame, running_report& running)
+void add_reels_summary(const report_frame& frame, growing_report& report)
 {
-    xls::worksheet& sheet = add_sheet(frame, running, sheet_name(report_sheet::reels_summary));
-    write_headers(sheet, 0, {"Source Reel Name", "Estimated Total", "% of Total"},
-                  frame.formats.header_format);
-    sheet.set_column(name_column, name_column, reel_name_width);
-    set_widths_of_totals(sheet, frame.formats);
-    running.reels_summary_sheet = &sheet;
-}
-
-void write_reels_summary_rows(const report_frame& frame, const running_report& running)
-{
-    if (running.reels_summary_sheet == nullptr)
-        return;
-    const double sum = sum_of(running.reels_summary);
-    std::size_t row = 0;
-    for (const source_total& reel : running.reels_summary)
-        write_summary_row(*running.reels_summary_sheet, ++row, reel, sum, frame);
+    std::vector<source_total> reels = totals_of_reels(frame);
+    const double sum = sum_of(reels);
+    sheet made =
+        sheet_of_totals(frame, reels_summary_name, {"Source Reel Name", "Estimated Total", "% of Total"},
+                        std::move(reels), sum);
+    made.columns = {{.width = std::string_view("Source Reel Name ").size()}, total_width, share_width};
+    made.follows_others = true;
+    report.add(std::move(made));
 }
 
 } // namespace tallyframe

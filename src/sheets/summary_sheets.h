@@ -3,15 +3,17 @@
 
 #include "sheets/report_frame.h"
 
+#include <string_view>
+
 namespace tallyframe {
 
-/// Writes "Files Summary": the media files met on the clips sheet by name, and each one's share of the whole.
-void write_files_summary(const report_frame& frame, running_report& running);
+inline constexpr std::string_view files_summary_name = "Files Summary";
+inline constexpr std::string_view reels_summary_name = "Reels Summary";
 
-/// Adds "Reels Summary" with its header row; the rows follow once the reel sheets have summed up.
-void add_reels_summary(const report_frame& frame, running_report& running);
+/// Adds "Files Summary": the media files met on the clips sheet by name, and each one's share of the whole.
+void add_files_summary(const report_frame& frame, growing_report& report);
 
-/// Writes the rows of "Reels Summary", where there is such a sheet.
-void write_reels_summary_rows(const report_frame& frame, const running_report& running);
+/// Adds "Reels Summary": the reels that have sheets, and each one's share of the whole.
+void add_reels_summary(const report_frame& frame, growing_report& report);
 
 } // namespace tallyframe

@@ -2,89 +2,110 @@
 #pragma once
 
 #include "report/table_columns.h"
-#include "sheets/report_frame.h"
-#include "workbook/worksheet.h"
+#include "sheets/sheet.h"
 
 #include <cstddef>
 #include <functional>
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace tallyframe {
-
-/// Adds a sheet with its first row frozen and notes its name.
-xls::worksheet& add_sheet(const report_frame& frame, running_report& running, std::string_view name);
-
-/// Writes the texts side by side from column 0; an empty one is no cell.
-void write_headers(xls::worksheet& sheet, std::size_t row, const std::vector<std::string>& headers,
-                   xls::format_id format);
-
-/// Writes a cell unless the value is none, and raises its column's width when the column widens.
-void write_cell(xls::worksheet& sheet, std::size_t row, std::size_t column, const cell_value& value,
-                cell_kind kind, const row_format_set& formats, bool widens, column_widths& widths);
-
-/// Gives each column its finished width.
-void set_widths(xls::worksheet& sheet, const column_widths& widths);
-
-template <class Record>
-void write_row(xls::worksheet& sheet, const row_context& row, const std::vector<table_column<Record>>& cells,
-               const Record& record, const row_format_set& formats, column_widths& widths)
-{
-    for (std::size_t column = 0; column < cells.size(); ++column) {
-        const table_column<Record>& cell = cells[column];
-        write_cell(sheet, row.sheet_row, column, cell.value(record, row), cell.kind, formats, cell.widens,
-                   widths);
-    }
-}
 
 /// A list of names above a table: its title in column 0, its entries below in column 1, then an empty row.
 struct catalogue {
     struct entry {
         std::string_view name;
-        xls::format_id format;
+        text_color color;
     };
     std::string_view title;
     std::vector<entry> entries;
 };
 
-/// Writes the catalogues that have entries. Gives the row that follows.
-std::size_t write_catalogues(xls::worksheet& sheet, const std::vector<catalogue>& catalogues,
-                             xls::format_id header_format);
+/// The colours of a record's row: of its texts, and of what is centred or a number.
+struct row_look {
+    text_color text = text_color::none;
+    text_color other = text_color::none;
+
+    bool operator==(const row_look&) const = default;
+};
+
+/// "Total:" and what it comes to, below the records and an empty row. `column` is not 0.
+struct total_line {
+    std::size_t column = 1; ///< of the sum; the word stands left of it
+    std::string sum;
+};
 
 enum class width_margin { before_rows, after_rows };
+
+/// What stands on a sheet around its records.
+struct table_surroundings {
+    std::vector<catalogue> catalogues = {}; ///< those without entries are left out
+    std::vector<std::string> headers = {}; ///< an empty one is no cell
+    std::optional<total_line> total = {};
+};
 
 /// A sheet that lists records.
 template <class Record>
 struct table_sheet {
-    std::string_view name;
+    std::string name;
     sheet_columns<Record> columns;
-    const std::vector<const Record*>& records;
-    std::function<row_format_set(const Record&)> formats_of_row;
+    std::vector<const Record*> records;
+    std::function<row_look(std::size_t record)> look_of_row; ///< by its place among the records
     std::vector<catalogue> catalogues = {};
     width_margin margin = width_margin::before_rows; ///< when one is added to every width
+    std::optional<total_line> total = {};
 };
 
-/// Writes a whole sheet. Advances the progress by one step a row.
-template <class Record>
-void write_table_sheet(const report_frame& frame, running_report& running, const table_sheet<Record>& table)
-{
-    xls::worksheet& sheet = add_sheet(frame, running, table.name);
-    row_context row = {.sheet_row = 0, .clock = frame.clock};
-    row.sheet_row = write_catalogues(sheet, table.catalogues, frame.formats.header_format);
-    write_headers(sheet, row.sheet_row, table.columns.headers, frame.formats.header_format);
+/// How a cell of that kind looks in such a row.
+cell_look look_of(cell_kind kind, const row_look& row);
 
-    column_widths widths = table.columns.widths;
-    if (table.margin == width_margin::before_rows)
-        add_one_to_each(widths);
-    for (const Record* record : table.records) {
-        frame.display.advance({});
-        ++row.sheet_row;
-        write_row(sheet, row, table.columns.cells, *record, table.formats_of_row(*record), widths);
+/// The sheet without its records' cells; `records` of them.
+sheet empty_sheet(std::string name, const table_surroundings& around, std::size_t records);
+
+/// The cells that belong to no record.
+std::function<sheet_cell(std::size_t row, std::size_t column)> cells_around(table_surroundings around,
+                                                                            std::size_t records);
+
+/// The sheet as a value. The records have to outlive it.
+template <class Record>
+sheet sheet_of(table_sheet<Record> table, const sequence_clock& clock)
+{
+    table_surroundings around = {std::move(table.catalogues), std::move(table.columns.headers),
+                                 std::move(table.total)};
+    sheet made = empty_sheet(std::move(table.name), around, table.records.size());
+    made.progress_steps = table.records.size();
+    const bool grows_before = table.margin == width_margin::before_rows;
+    for (std::size_t i = 0; i < table.columns.widths.size(); ++i) {
+        const bool widens = i < table.columns.cells.size() && table.columns.cells[i].widens;
+        made.columns.push_back({.width = table.columns.widths[i] + (grows_before ? 1 : 0),
+                                .widens = widens,
+                                .margin = grows_before ? 0U : 1U});
     }
-    if (table.margin == width_margin::after_rows)
-        add_one_to_each(widths);
-    set_widths(sheet, widths);
+    made.column_count = std::max(made.column_count, table.columns.cells.size());
+
+    struct shown_records {
+        std::vector<table_column<Record>> cells;
+        std::vector<const Record*> records;
+        std::function<row_look(std::size_t record)> look_of_row;
+    };
+    auto shown = std::make_shared<const shown_records>(shown_records{
+        std::move(table.columns.cells), std::move(table.records), std::move(table.look_of_row)});
+    made.cell = [shown = std::move(shown), around = cells_around(std::move(around), made.record_count), clock,
+                 first = made.header_row + 1](std::size_t row, std::size_t column) -> sheet_cell {
+        if (row < first || row - first >= shown->records.size())
+            return around(row, column);
+        if (column >= shown->cells.size())
+            return {};
+        const table_column<Record>& cell = shown->cells[column];
+        const std::size_t record = row - first;
+        return {cell.value(*shown->records[record], {.sheet_row = row, .clock = clock}),
+                look_of(cell.kind, shown->look_of_row(record))};
+    };
+    return made;
 }
 
 } // namespace tallyframe

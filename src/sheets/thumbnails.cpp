@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "sheets/thumbnails.h"
 
-#include "platform/log.h"
-#include "workbook/workbook.h"
+#include "run/log.h"
 
 #include <fmt/format.h>
 
@@ -22,6 +21,8 @@ constexpr double points_per_pixel = 0.75;
 struct obtained_frame {
     std::optional<bitmap> pixels;
     std::shared_ptr<media_image> image;
+    bool file_is_there = false;
+    bool is_placeholder = false;
 };
 
 void print(diagnostics& out, std::string_view text)
@@ -80,6 +81,12 @@ void read_from_asset(const std::filesystem::path& file, media_time time, const t
         obtained.pixels = asset->frame_at({0, 1}, bitmap_width(run));
 }
 
+void take_placeholder(const char* name, const thumbnail_run& run, obtained_frame& obtained)
+{
+    obtained.image = run.pictures.image_by_reference(run.pictures.resource_directory() / name);
+    obtained.is_placeholder = true;
+}
+
 void read_from_movie(const std::filesystem::path& file, media_time time, const thumbnail_run& run,
                      obtained_frame& obtained)
 {
@@ -89,9 +96,10 @@ void read_from_movie(const std::filesystem::path& file, media_time time, const t
     movie_frame frame = opened.movie->frame_at(time);
     if (!frame.image || frame.error)
         frame = opened.movie->frame_at({0, 1000});
-    obtained.image = frame.image && !frame.error
-        ? std::move(frame.image)
-        : run.pictures.image_by_reference(run.pictures.resource_directory() / "Problem.png");
+    if (frame.image && !frame.error)
+        obtained.image = std::move(frame.image);
+    else
+        take_placeholder("Problem.png", run, obtained);
 }
 
 /// Fills `obtained` step by step, so that a failure on the way leaves what there was before it.
@@ -101,9 +109,10 @@ void obtain_frame(const std::string& path, media_time time, const thumbnail_run&
     const std::optional<std::filesystem::path> file = run.locator.locate(path);
     if (!file) {
         log(run.out, "OFFLINE media");
-        obtained.image = run.pictures.image_by_reference(run.pictures.resource_directory() / "Missing.png");
+        take_placeholder("Missing.png", run, obtained);
         return;
     }
+    obtained.file_is_there = true;
     obtained.image = run.pictures.image_by_reference(*file);
     if (run.pictures.is_yosemite_or_later())
         read_from_asset(*file, time, run, obtained);
@@ -129,18 +138,19 @@ std::optional<bitmap> scaled_image(media_image* image, const thumbnail_run& run)
     return scaled;
 }
 
-void write_jpeg(const obtained_frame& obtained, const std::filesystem::path& jpeg, thumbnail_run& run)
+void write_jpeg(const bitmap& picture, const std::filesystem::path& jpeg, thumbnail_run& run)
 {
-    const std::optional<bitmap> scaled =
-        obtained.pixels ? std::nullopt : scaled_image(obtained.image.get(), run);
-    const std::optional<bitmap>& picture = obtained.pixels ? obtained.pixels : scaled;
-    if (!picture)
-        return;
-    run.thumbnail_height = picture->height;
-    run.pictures.write_to_file(run.pictures.jpeg_representation(*picture, jpeg_compression_factor), jpeg);
+    run.thumbnail_height = picture.height;
+    run.pictures.write_to_file(run.pictures.jpeg_representation(picture, jpeg_compression_factor), jpeg);
 }
 
-std::optional<thumbnail> make_picture(const clip_record& clip, std::size_t row, thumbnail_run& run)
+void note_unreadable(const std::string& path, thumbnail_run& run)
+{
+    if (run.unreadable_files.insert(path).second)
+        run.lost.add(loss_kind::unreadable_media, 1, path);
+}
+
+std::optional<row_picture> make_picture(const clip_record& clip, std::size_t row, thumbnail_run& run)
 {
     const std::string& path = *run.current_thumbnail_clip;
     const rational& time = *clip.image_time;
@@ -157,11 +167,17 @@ std::optional<thumbnail> make_picture(const clip_record& clip, std::size_t row, 
     } catch (const std::exception&) {
         log(run.out, "RESCUE from thumbnailing");
     }
+    const std::optional<bitmap> picture =
+        obtained.pixels ? std::move(obtained.pixels) : scaled_image(obtained.image.get(), run);
+    if (obtained.file_is_there && (!picture || obtained.is_placeholder))
+        note_unreadable(path, run);
     const std::filesystem::path jpeg = run.folder / *name;
-    write_jpeg(obtained, jpeg, run);
+    if (picture)
+        write_jpeg(*picture, jpeg, run);
     if (!std::filesystem::exists(jpeg))
         return std::nullopt;
-    return thumbnail{jpeg, static_cast<double>(*run.thumbnail_height) * points_per_pixel};
+    const double points = static_cast<double>(*run.thumbnail_height) * points_per_pixel;
+    return row_picture{jpeg, points, obtained.is_placeholder};
 }
 
 } // namespace
@@ -178,14 +194,14 @@ void prepare_thumbnails(std::span<const clip_record* const> clips, thumbnail_run
     run.pictures.prepare(frames);
 }
 
-std::optional<thumbnail> make_thumbnail(const clip_record& clip, std::size_t row, thumbnail_run& run)
+std::optional<row_picture> make_thumbnail(const clip_record& clip, std::size_t row, thumbnail_run& run)
 {
     run.current_thumbnail_clip = clip.path.value_or("");
     log(run.out, "----------");
     log(run.out, *run.current_thumbnail_clip);
     if (!run.thumbnail_height)
         run.thumbnail_height = run.thumbnail_width;
-    std::optional<thumbnail> made;
+    std::optional<row_picture> made;
     try {
         if (clip.image_time)
             made = make_picture(clip, row, run);
@@ -193,22 +209,13 @@ std::optional<thumbnail> make_thumbnail(const clip_record& clip, std::size_t row
         log(run.out, fmt::format("no thumbnail: {}", error.what()));
     }
     run.current_thumbnail_clip.reset();
-    return made;
-}
-
-void add_thumbnail(const clip_record& clip, std::size_t row, std::size_t column, xls::worksheet& sheet,
-                   thumbnail_run& run)
-{
-    const std::optional<thumbnail> made = make_thumbnail(clip, row, run);
-    if (!made)
-        return;
-    try {
-        sheet.set_row(row, made->row_height);
-        sheet.insert_image(row, column, made->jpeg);
+    if (made)
         run.cleanup_jpegs.push_back(made->jpeg);
-    } catch (const xls::workbook_error& error) {
-        log(run.out, fmt::format("no thumbnail: {}", error.what()));
-    }
+    if (made && made->is_placeholder)
+        run.lost.add(loss_kind::missing_pictures);
+    if (!made && clip.image_time)
+        run.lost.add(loss_kind::absent_pictures);
+    return made;
 }
 
 void delete_thumbnails(const thumbnail_run& run)

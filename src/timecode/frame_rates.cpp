@@ -13,7 +13,7 @@ constexpr double largest_nominal_rate = 1'000'000;
 template <class Condition>
 const frame_rates_row* first_row(const Condition& condition)
 {
-    const auto* const row = std::find_if(frame_rates.begin(), frame_rates.end(), condition);
+    const auto* const row = std::ranges::find_if(frame_rates, condition);
     return row == frame_rates.end() ? nullptr : row;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "timecode/to_timecode.h"
 
+#include "text/leading_numbers.h"
 #include "timecode/frame_arithmetic.h"
 
 #include <algorithm>
@@ -15,47 +16,20 @@ namespace {
 constexpr double rate_without_a_rate = 29.97;
 constexpr std::size_t most_fields = 4; // hours, minutes, seconds, frames
 
-bool counts_drop_frames(double rate, std::string_view format)
+bool counts_drop_frames(double rate, display_format format)
 {
     constexpr std::array<double, 4> drop_frame_rates = {29.97, 30, 59.94, 60};
-    return format == "DF"
-        && std::find(drop_frame_rates.begin(), drop_frame_rates.end(), rate) != drop_frame_rates.end();
+    return format == display_format::drop_frame
+        && std::ranges::find(drop_frame_rates, rate) != drop_frame_rates.end();
 }
-
-std::string_view without_blanks_in_front(std::string_view text)
-{
-    text.remove_prefix(std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size()));
-    return text;
-}
-
-/// The decimal digits at the front of `text`, its sign and the zeros before them left out.
-struct leading_digits {
-    bool is_negative = false;
-    std::string_view digits;
-
-    explicit leading_digits(std::string_view text)
-    {
-        text = without_blanks_in_front(text);
-        if (!text.empty() && (text.front() == '-' || text.front() == '+')) {
-            is_negative = text.front() == '-';
-            text.remove_prefix(1);
-        }
-        digits = text.substr(0, text.find_first_not_of("0123456789"));
-        digits.remove_prefix(std::min(digits.find_first_not_of('0'), digits.size()));
-    }
-
-    double value() const
-    {
-        double value = 0;
-        for (const char digit : digits)
-            value = value * 10 + (digit - '0');
-        return is_negative ? -value : value;
-    }
-};
 
 double leading_value(std::string_view text)
 {
-    return leading_digits(text).value();
+    const auto [is_negative, digits] = leading_digits_of(text);
+    double value = 0;
+    for (const char digit : digits)
+        value = value * 10 + (digit - '0');
+    return is_negative ? -value : value;
 }
 
 /// "3003/30000s": numerator and denominator of a number of seconds.
@@ -107,7 +81,7 @@ std::vector<std::string_view> fields_of(std::string_view text)
 /// "10203" stands for 01, 02, 03: the number's decimal text in pairs.
 std::string even_digits(std::string_view compact)
 {
-    const leading_digits number(compact);
+    const leading_digits number = leading_digits_of(compact);
     std::string digits = number.is_negative && !number.digits.empty() ? "-" : "";
     digits += number.digits.empty() ? "0" : number.digits;
     return digits.size() % 2 == 0 ? digits : "0" + digits;
@@ -135,17 +109,17 @@ std::array<double, most_fields> field_values(std::string_view text)
 
 } // namespace
 
-std::string to_timecode(std::optional<double> frames, std::optional<double> rate, std::string_view format)
+std::string to_timecode(std::optional<double> frames, std::optional<double> rate, display_format format)
 {
     if (!rate) {
         rate = rate_without_a_rate;
-        format = "NDF";
+        format = display_format::non_drop_frame;
     }
     const std::optional<std::int64_t> nominal = nominal_rate(*rate);
     if (!frames || !nominal || !(std::fabs(*frames) < frame_count_limit))
         return {};
 
-    const std::int64_t dropped_per_minute = format == "DF" ? *nominal / 15 : 0;
+    const std::int64_t dropped_per_minute = format == display_format::drop_frame ? *nominal / 15 : 0;
     const std::int64_t frames_per_minute = *nominal * 60 - dropped_per_minute;
     const std::int64_t frames_per_ten_minutes = *nominal * 600 - dropped_per_minute * 9;
 
@@ -163,12 +137,12 @@ std::string to_timecode(std::optional<double> frames, std::optional<double> rate
     append_padded(text, tens.quotient * 10 + minutes.quotient, 2);
     text += ':';
     append_padded(text, seconds.quotient, 2);
-    text += format == "NDF" ? ':' : ';';
+    text += format == display_format::non_drop_frame ? ':' : ';';
     append_padded(text, static_cast<std::int64_t>(rounded(frame)), 2);
     return text;
 }
 
-std::optional<double> to_frames(std::optional<std::string_view> text, double rate, std::string_view format,
+std::optional<double> to_frames(std::optional<std::string_view> text, double rate, display_format format,
                                 const frame_duration_source& frame_duration)
 {
     if (!text)

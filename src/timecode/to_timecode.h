@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "timecode/display_format.h"
 #include "timecode/frame_rates.h"
 
 #include <functional>
@@ -10,16 +11,16 @@
 
 namespace tallyframe {
 
-/// Timecode text "HH:MM:SS:FF" ("HH:MM:SS;FF" unless `format` is exactly "NDF") of a frame count.
+/// Timecode text "HH:MM:SS:FF" ("HH:MM:SS;FF" unless `format` is non_drop_frame) of a frame count.
 ///
 /// Drop-frame counting is simplified: every minute, the first of each ten too, is divided as if it dropped
 /// two numbers, so that the last two frames of each minute carry the next minute's label. Editors compare
 /// against older lists; to_frames counts as the standard does.
 ///
 /// `frames` may be fractional: only its frames field is rounded. `rate` in frames per second; without one the
-/// count is shown at 29.97 "NDF". The empty text when frames is missing, the nominal rate is 0 or less, or a
-/// value is not finite.
-std::string to_timecode(std::optional<double> frames, std::optional<double> rate, std::string_view format);
+/// count is shown at 29.97, non_drop_frame. The empty text when frames is missing, the nominal rate is 0 or
+/// less, or a value is not finite.
+std::string to_timecode(std::optional<double> frames, std::optional<double> rate, display_format format);
 
 /// The frame count of a timecode text ("01:00:00;02", "10203.12") or of a rational-time text
 /// ("3003/30000s"), or nothing where that cannot be told.
@@ -27,7 +28,7 @@ std::string to_timecode(std::optional<double> frames, std::optional<double> rate
 /// `frame_duration`: the host's frame duration as rational-time text (such as "1001/30000s"), asked only for
 /// rational-time text; nothing when the host has none.
 using frame_duration_source = std::function<std::optional<std::string>()>;
-std::optional<double> to_frames(std::optional<std::string_view> text, double rate, std::string_view format,
+std::optional<double> to_frames(std::optional<std::string_view> text, double rate, display_format format,
                                 const frame_duration_source& frame_duration = {});
 
 } // namespace tallyframe

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "window/main_menu.h"
 
+#include "window/models/qt_text.h"
+
 #include <QAction>
 #include <QActionGroup>
 #include <QApplication>
@@ -11,10 +13,10 @@ namespace tallyframe::window {
 
 namespace {
 
-/// A name in a menu, where "&" would mark a key.
+/// A name in a menu, where "&" would mark a key and a tabulator begin the shortcut.
 QString menu_text(QString name)
 {
-    return name.replace('&', "&&");
+    return name.replace('&', "&&").replace('\t', ' ');
 }
 
 } // namespace
@@ -26,7 +28,7 @@ main_menu::main_menu(QWidget* parent) : QMenuBar(parent)
     add_report_menu();
     add_view_menu();
     add_help_menu();
-    set_enabled(false, false);
+    set_enabled({.open = true});
 }
 
 void main_menu::set_recent_documents(const QStringList& paths)
@@ -34,10 +36,10 @@ void main_menu::set_recent_documents(const QStringList& paths)
     recent_->clear();
     for (const QString& path : paths) {
         QAction* action = recent_->addAction(menu_text(QFileInfo(path).fileName()));
-        action->setToolTip(QDir::toNativeSeparators(path));
+        action->setToolTip(tool_tip_text(QDir::toNativeSeparators(path)));
         connect(action, &QAction::triggered, this, [this, path] { emit document_chosen(path); });
     }
-    recent_->setEnabled(!paths.isEmpty());
+    recent_->setEnabled(open_->isEnabled() && !paths.isEmpty());
 }
 
 void main_menu::set_appearance(appearance look)
@@ -45,18 +47,20 @@ void main_menu::set_appearance(appearance look)
     appearances_->actions().at(static_cast<int>(look))->setChecked(true);
 }
 
-void main_menu::set_enabled(bool can_analyze, bool can_save)
+void main_menu::set_enabled(const enabled_commands& commands)
 {
-    analyze_->setEnabled(can_analyze);
-    save_->setEnabled(can_save);
-    tick_all_->setEnabled(can_save);
-    tick_none_->setEnabled(can_save);
+    open_->setEnabled(commands.open);
+    recent_->setEnabled(commands.open && !recent_->isEmpty());
+    analyze_->setEnabled(commands.analyze);
+    save_->setEnabled(commands.save);
+    tick_all_->setEnabled(commands.tick);
+    tick_none_->setEnabled(commands.tick);
 }
 
 void main_menu::add_file_menu()
 {
     QMenu* menu = addMenu(tr("&File"));
-    menu->addAction(tr("&Open…"), QKeySequence::Open, this, &main_menu::open_requested);
+    open_ = menu->addAction(tr("&Open…"), QKeySequence::Open, this, &main_menu::open_requested);
     recent_ = menu->addMenu(tr("Open &Recent"));
     recent_->setToolTipsVisible(true);
     menu->addSeparator();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "window/choices.h"
+#include "window/models/choices.h"
 
 #include <QMenuBar>
 
@@ -9,6 +9,14 @@ class QAction;
 class QActionGroup;
 
 namespace tallyframe::window {
+
+/// The commands of the menu bar that are not always there.
+struct enabled_commands {
+    bool open = false;
+    bool analyze = false;
+    bool save = false;
+    bool tick = false;
+};
 
 /// The menu bar: every command of the window, with its shortcut.
 class main_menu final : public QMenuBar {
@@ -19,7 +27,7 @@ public:
 
     void set_recent_documents(const QStringList& paths);
     void set_appearance(appearance look);
-    void set_enabled(bool can_analyze, bool can_save);
+    void set_enabled(const enabled_commands& commands);
 
 signals:
     void open_requested();
@@ -38,6 +46,7 @@ private:
     void add_view_menu();
     void add_help_menu();
 
+    QAction* open_ = nullptr;
     QMenu* recent_ = nullptr;
     QAction* save_ = nullptr;
     QAction* analyze_ = nullptr;

@@ -1,65 +1,49 @@
 // SPDX-License-Identifier: MIT
 #include "window/main_window.h"
 
-#include "window/alert_sheet.h"
-#include "window/badge.h"
-#include "window/document_bar.h"
-#include "window/document_texts.h"
-#include "window/failure_texts.h"
-#include "window/help_dialogs.h"
-#include "window/look.h"
+#include "window/desktop/badge.h"
+#include "window/desktop/look.h"
 #include "window/main_menu.h"
-#include "window/message_page.h"
-#include "window/options_panel.h"
-#include "window/preview_panel.h"
-#include "window/progress_sheet.h"
-#include "window/qt_text.h"
-#include "window/save_dialog.h"
-#include "window/saved_banner.h"
-#include "window/settings.h"
-#include "window/system_log.h"
-#include "window/tracks_panel.h"
+#include "window/main_window_analysis.h"
+#include "window/main_window_page.h"
+#include "window/models/qt_text.h"
+#include "window/models/settings.h"
+#include "window/panels/alert_sheet.h"
+#include "window/panels/document_bar.h"
+#include "window/panels/help_dialogs.h"
+#include "window/panels/message_page.h"
+#include "window/panels/open_dialog.h"
+#include "window/panels/options_panel.h"
+#include "window/panels/progress_sheet.h"
+#include "window/panels/save_dialog.h"
+#include "window/panels/tracks_panel.h"
+#include "window/runs/obstacles.h"
 
 #include <QCloseEvent>
-#include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QMimeData>
 #include <QSettings>
-#include <QSplitter>
-#include <QStackedWidget>
-#include <QVBoxLayout>
+#include <QShortcut>
+#include <utility>
 
 namespace tallyframe::window {
 
-namespace {
-
-/// The file that is dragged over the window; empty when what is dragged is none on this computer.
-QString dragged_file(const QMimeData& data)
-{
-    const QString path = data.hasUrls() ? data.urls().constFirst().toLocalFile() : QString();
-    return QFileInfo(path).isFile() ? path : QString();
-}
-
-} // namespace
-
 main_window::main_window(QSettings& settings, diagnostics& out, QWidget* parent)
     : QMainWindow(parent), settings_(settings), choices_(load_choices(settings)), runner_(out),
-      menu_(new main_menu), bar_(new document_bar),
-      video_tracks_(new tracks_panel(tr("Video tracks"), "videoTracksTableView")),
-      audio_tracks_(new tracks_panel(tr("Audio tracks"), "audioTracksTableView")),
-      options_(new options_panel), preview_(new preview_panel), message_(new message_page),
-      banner_(new saved_banner), pages_(new QStackedWidget), progress_(new progress_sheet(this))
+      menu_(new main_menu), page_(new main_window_page), progress_(new progress_sheet(this)),
+      cancel_shortcut_(new QShortcut(Qt::Key_Escape, this))
 {
     setObjectName("mainWindow");
     setAcceptDrops(true);
-    lay_out();
+    show_plain_messages_only(this);
+    setMenuBar(menu_);
+    setCentralWidget(page_);
     apply_appearance(choices_.look);
-    options_->set_choices(choices_);
+    page_->options->set_choices(choices_);
     menu_->set_recent_documents(choices_.recent_documents);
     menu_->set_appearance(choices_.look);
-    preview_timer_.setSingleShot(true);
-    connect(&preview_timer_, &QTimer::timeout, this, &main_window::update_preview);
+    clips_timer_.setSingleShot(true);
+    connect(&clips_timer_, &QTimer::timeout, this, &main_window::update_clips);
     connect_menu();
     connect_panels();
     connect_runner();
@@ -71,37 +55,9 @@ main_window::main_window(QSettings& settings, diagnostics& out, QWidget* parent)
     restoreGeometry(settings_.value("geometry").toByteArray());
 }
 
-void main_window::open_document(const QString& path)
-{
-    if (runner_.is_running())
-        return;
-    document_ = path;
-    bar_->set_entries({});
-    clear_analysis();
-    runner_.open(file_path(path), options_->chosen_scope().import_video_audio_preference);
-    show_run(tr("Opening %1").arg(QFileInfo(path).fileName()));
-    show_message();
-}
-
-void main_window::save_report_as(const QString& path)
-{
-    if (!is_analyzed())
-        return;
-    if (QFileInfo(path) == QFileInfo(document_)) {
-        show_alert(this, tr("The report could not be saved"),
-                   tr("This is the timeline itself. Choose another name for the workbook."));
-        return;
-    }
-    workbook_ = path;
-    banner_->hide();
-    take_ticks();
-    runner_.save(file_path(path), choices_.options, media_choice_of(choices_.options, choices_.media_places));
-    show_run(tr("Saving %1").arg(QFileInfo(path).fileName()));
-}
-
 void main_window::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!runner_.is_running() && !dragged_file(*event->mimeData()).isEmpty())
+    if (!runner_.is_running(run_kind::saving) && event->mimeData()->hasUrls())
         event->acceptProposedAction();
 }
 
@@ -109,61 +65,16 @@ void main_window::dropEvent(QDropEvent* event)
 {
     event->acceptProposedAction();
     // The source of the drag waits for this to return.
-    QTimer::singleShot(0, this, [this, path = dragged_file(*event->mimeData())] { open_document(path); });
+    QTimer::singleShot(0, this, [this, urls = event->mimeData()->urls()] { open_dropped(urls); });
 }
 
 void main_window::closeEvent(QCloseEvent* event)
 {
-    runner_.cancel();
+    cancel_run();
+    progress_->finish(); // or the application would wait for it
     settings_.setValue("geometry", saveGeometry());
     settings_.sync();
     QMainWindow::closeEvent(event);
-}
-
-void main_window::changeEvent(QEvent* event)
-{
-    if (event->type() == QEvent::PaletteChange && is_analyzed())
-        preview_->show_colors(choices_.options);
-    QMainWindow::changeEvent(event);
-}
-
-QWidget* main_window::make_middle()
-{
-    pages_->addWidget(message_);
-    pages_->addWidget(preview_);
-    auto* middle = new QWidget;
-    auto* column = new QVBoxLayout(middle);
-    column->setContentsMargins({});
-    column->addWidget(banner_);
-    column->addWidget(pages_, 1);
-    return middle;
-}
-
-void main_window::lay_out()
-{
-    setMenuBar(menu_);
-    auto* tracks = new QSplitter(Qt::Vertical);
-    tracks->addWidget(video_tracks_);
-    tracks->addWidget(audio_tracks_);
-    tracks->setChildrenCollapsible(false);
-
-    auto* sides = new QSplitter;
-    sides->addWidget(tracks);
-    sides->addWidget(make_middle());
-    sides->addWidget(options_);
-    sides->setChildrenCollapsible(false);
-    constexpr int tracks_width = 230;
-    constexpr int middle_width = 710;
-    sides->setSizes({tracks_width, middle_width, options_->minimumSizeHint().width()});
-    sides->setStretchFactor(0, 0);
-    sides->setStretchFactor(1, 1);
-    sides->setStretchFactor(2, 0);
-
-    auto* whole = new QWidget;
-    auto* column = new QVBoxLayout(whole);
-    column->addWidget(bar_);
-    column->addWidget(sides, 1);
-    setCentralWidget(whole);
 }
 
 void main_window::connect_menu()
@@ -173,10 +84,10 @@ void main_window::connect_menu()
     connect(menu_, &main_menu::save_requested, this, &main_window::ask_where_to_save_report);
     connect(menu_, &main_menu::analyze_requested, this, &main_window::analyze);
     connect(menu_, &main_menu::tick_all_requested, this, [this](bool ticked) {
-        video_tracks_->model().tick_every_row(ticked);
-        audio_tracks_->model().tick_every_row(ticked);
+        page_->video_tracks->model().tick_every_row(ticked);
+        page_->audio_tracks->model().tick_every_row(ticked);
     });
-    connect(menu_, &main_menu::layouts_requested, options_, &options_panel::edit_layouts);
+    connect(menu_, &main_menu::layouts_requested, page_->options, &options_panel::edit_layouts);
     connect(menu_, &main_menu::appearance_chosen, this, &main_window::choose_appearance);
     connect(menu_, &main_menu::guide_requested, this, [this] { show_guide(this); });
     connect(menu_, &main_menu::about_requested, this, [this] { show_about(this); });
@@ -184,208 +95,131 @@ void main_window::connect_menu()
 
 void main_window::connect_panels()
 {
-    connect(bar_, &document_bar::open_requested, this, &main_window::ask_for_document);
-    connect(message_, &message_page::open_requested, this, &main_window::ask_for_document);
-    connect(bar_, &document_bar::save_requested, this, &main_window::ask_where_to_save_report);
-    connect(bar_, &document_bar::analyze_requested, this, &main_window::analyze);
-    connect(bar_, &document_bar::entry_chosen, this, &main_window::analyze_if_new);
-    connect(video_tracks_, &tracks_panel::ticks_changed, this, &main_window::take_ticks);
-    connect(audio_tracks_, &tracks_panel::ticks_changed, this, &main_window::take_ticks);
-    connect(options_, &options_panel::changed, this, &main_window::take_choices);
-    connect(options_, &options_panel::scope_changed, this, [this] {
-        take_choices();
-        if (is_analyzed())
-            analyze();
-    });
+    connect(page_->bar, &document_bar::open_requested, this, &main_window::ask_for_document);
+    connect(page_->message, &message_page::open_requested, this, &main_window::ask_for_document);
+    connect(page_->bar, &document_bar::save_requested, this, &main_window::ask_where_to_save_report);
+    connect(page_->bar, &document_bar::analyze_requested, this, &main_window::analyze);
+    connect(page_->bar, &document_bar::entry_chosen, this, &main_window::analyze_if_new);
+    connect(page_->video_tracks, &tracks_panel::ticks_changed, this, &main_window::take_ticks);
+    connect(page_->audio_tracks, &tracks_panel::ticks_changed, this, &main_window::take_ticks);
+    connect(page_->options, &options_panel::changed, this, &main_window::take_choices);
+    connect(page_->options, &options_panel::scope_changed, this, &main_window::choose_scope);
 }
 
 void main_window::connect_runner()
 {
+    connect(&runner_, &session_runner::started, this, &main_window::show_run);
     connect(&runner_, &session_runner::opened, this, &main_window::show_opened);
     connect(&runner_, &session_runner::analyzed, this, &main_window::show_analyzed);
     connect(&runner_, &session_runner::saved, this, &main_window::show_saved);
-    connect(progress_, &progress_sheet::cancel_requested, &runner_, &session_runner::cancel);
+    connect(progress_, &progress_sheet::cancel_requested, this, &main_window::cancel_run);
+    connect(cancel_shortcut_, &QShortcut::activated, progress_, &progress_sheet::reject);
     connect(progress_, &progress_sheet::badge_changed, this, [](const QString& text) { show_badge(text); });
 }
 
 void main_window::ask_for_document()
 {
-    auto* dialog = new QFileDialog(this, tr("Open Timeline"));
-    dialog->setObjectName("openDialog");
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setFileMode(QFileDialog::ExistingFile);
-    dialog->setNameFilters({tr("Exported timelines (*.xml)"), tr("All files (*)")});
-    const QString latest = choices_.recent_documents.value(0, document_);
-    if (!latest.isEmpty())
-        dialog->setDirectory(QFileInfo(latest).absolutePath());
-    connect(dialog, &QFileDialog::fileSelected, this, &main_window::open_document);
-    dialog->open();
+    ask_what_to_open(this, choices_.recent_documents.value(0, document_),
+                     [this](const QString& path) { open_document(path); });
+}
+
+void main_window::open_dropped(const QList<QUrl>& urls)
+{
+    if (const auto obstacle = obstacle_to_dropping(urls))
+        show_alert(this, *obstacle);
+    else
+        open_document(urls.constFirst().toLocalFile());
 }
 
 void main_window::open_recent_document(const QString& path)
 {
-    if (QFileInfo(path).isFile()) {
+    const auto obstacle = obstacle_to_reopening(path);
+    if (!obstacle) {
         open_document(path);
         return;
     }
-    choices_.recent_documents.removeAll(path);
-    menu_->set_recent_documents(choices_.recent_documents);
-    save_choices(settings_, choices_);
-    show_alert(this, tr("%1 is not there any more").arg(QFileInfo(path).fileName()),
-               tr("It was here:\n%1\nIs its disk connected?").arg(QDir::toNativeSeparators(path)));
+    choices changed = choices_;
+    changed.recent_documents.removeAll(path);
+    keep(std::move(changed));
+    show_alert(this, *obstacle);
 }
 
 void main_window::ask_where_to_save_report()
 {
     if (!is_analyzed())
         return;
-    const QString title = runner_.session().menu.size() > 1 ? bar_->title() : QString();
+    const QString title = runner_.session().menu.size() > 1 ? analyzed_title(runner_.session()) : QString();
     ask_where_to_save(this, suggested_workbook(document_, title, choices_.save_folder),
                       [this](const QString& path) { save_report_as(path); });
 }
 
-void main_window::analyze()
+void main_window::choose_scope()
 {
-    if (runner_.is_running() || bar_->position() < 0)
-        return;
-    clear_analysis();
-    runner_.analyze(static_cast<std::size_t>(bar_->position()),
-                    options_->chosen_scope().import_video_audio_preference);
-    show_run(tr("Analyzing %1").arg(bar_->title()));
-    show_message();
-}
-
-void main_window::analyze_if_new(int position)
-{
-    const auto& analyzed = runner_.session().analyzed_sequence_index;
-    if (!runner_.is_running() && analyzed != static_cast<std::size_t>(position))
+    const bool has_analysis = runner_.analyzed_subject().has_value();
+    take_choices();
+    if (runner_.is_running(run_kind::opening))
+        start_opening(); // it may come to an analysis
+    else if (runner_.is_running() || has_analysis)
         analyze();
 }
 
 void main_window::choose_appearance(appearance look)
 {
-    choices_.look = look;
     apply_appearance(look);
-    save_choices(settings_, choices_);
+    choices changed = choices_;
+    changed.look = look;
+    keep(std::move(changed));
+}
+
+/// What another window has kept meanwhile is shown here too.
+void main_window::keep(choices changed)
+{
+    const std::vector<column_layout> layouts = changed.options.layouts_array;
+    save_choices(settings_, choices_, changed);
+    if (changed.recent_documents != choices_.recent_documents)
+        menu_->set_recent_documents(changed.recent_documents);
+    choices_ = std::move(changed);
+    if (choices_.options.layouts_array != layouts)
+        page_->options->set_layouts(choices_.options);
 }
 
 void main_window::take_choices()
 {
-    options_->apply_to(choices_);
-    save_choices(settings_, choices_);
+    choices changed = choices_;
+    page_->options->apply_to(changed);
+    keep(std::move(changed));
     if (is_analyzed())
-        preview_timer_.start(); // several changes at once are shown once
+        clips_timer_.start(); // several changes at once are shown once
 }
 
 void main_window::take_ticks()
 {
     if (!is_analyzed())
         return;
-    runner_.set_ticks(checkbox_states(video_tracks_->model().rows()),
-                      checkbox_states(audio_tracks_->model().rows()));
-    preview_timer_.start();
+    runner_.set_ticks(checkbox_states(page_->video_tracks->model().rows()),
+                      checkbox_states(page_->audio_tracks->model().rows()));
+    clips_timer_.start();
 }
 
-void main_window::show_run(const QString& title)
+void main_window::update_clips()
 {
-    progress_->follow(*runner_.display(), title);
-    update_enabled();
-}
-
-void main_window::show_opened(const run_outcome& outcome)
-{
-    progress_->finish();
-    bar_->set_entries(runner_.session().menu);
-    if (outcome.enables_menu)
-        bar_->set_menu_enabled(*outcome.enables_menu);
-    if (outcome.is_good() && !runner_.session().menu.empty()) {
-        remember_document(choices_, QFileInfo(document_).absoluteFilePath());
-        menu_->set_recent_documents(choices_.recent_documents);
-        save_choices(settings_, choices_);
-    }
-    show_analyzed(outcome);
-}
-
-void main_window::show_analyzed(const run_outcome& outcome)
-{
-    progress_->finish();
-    if (outcome.alert) {
-        if (!outcome.system_log_text.empty())
-            write_system_log(outcome.system_log_text);
-        show_alert(this, qt_text(outcome.alert->message_text), qt_text(outcome.alert->informative_text));
-    } else if (outcome.failure) {
-        const alert_texts texts = texts_for_analysis(outcome.failure, runner_.session().error_tracker);
-        show_alert(this, texts.message_text, texts.informative_text);
-    }
     if (is_analyzed())
-        show_analysis();
-    else
-        show_message();
-    update_enabled();
-}
-
-void main_window::show_saved(const run_outcome& outcome)
-{
-    progress_->finish();
-    update_enabled();
-    take_ticks(); // as they may have changed before the sheet opened
-    if (outcome.failure) {
-        const alert_texts texts = texts_for_saving(outcome.failure);
-        show_alert(this, texts.message_text, texts.informative_text);
-    } else if (!outcome.was_cancelled) {
-        choices_.save_folder = QFileInfo(workbook_).absolutePath();
-        save_choices(settings_, choices_);
-        banner_->show_saved(workbook_);
-    }
-}
-
-void main_window::show_analysis()
-{
-    const report_session& session = runner_.session();
-    video_tracks_->set_rows(track_rows(session.analysis.video_tracks, session.video_tracks_table_checkboxes));
-    audio_tracks_->set_rows(track_rows(session.analysis.audio_tracks, session.audio_tracks_table_checkboxes));
-    preview_->set_summary(summary_of(session.analysis, bar_->title()));
-    update_preview();
-    pages_->setCurrentWidget(preview_);
-}
-
-void main_window::clear_analysis()
-{
-    preview_timer_.stop();
-    preview_->clear();
-    video_tracks_->set_rows({});
-    audio_tracks_->set_rows({});
-    banner_->hide();
-}
-
-void main_window::show_message()
-{
-    const page_texts texts = texts_of_message(runner_);
-    message_->set_texts(texts.headline, texts.text, texts.offers_open);
-    pages_->setCurrentWidget(message_);
-}
-
-void main_window::update_preview()
-{
-    if (!is_analyzed())
-        return;
-    const report_session& session = runner_.session();
-    const track_ticks ticks{session.video_tracks_table_checkboxes.current.value_or(std::vector<int>()),
-                            session.audio_tracks_table_checkboxes.current.value_or(std::vector<int>())};
-    preview_->show_table(preview_table(session.analysis, ticks, choices_.options), choices_.options);
+        show_clips(*page_, runner_.session(), choices_.options);
 }
 
 void main_window::update_enabled()
 {
-    const bool is_free = !runner_.is_running();
-    bar_->set_save_enabled(is_analyzed());
-    menu_->set_enabled(is_free && bar_->is_menu_enabled() && bar_->position() >= 0, is_analyzed());
-    setWindowTitle(is_free && runner_.session().document ? QFileInfo(document_).fileName() : QString());
-}
-
-bool main_window::is_analyzed() const
-{
-    return !runner_.is_running() && runner_.session().analyzed_sequence_index.has_value();
+    const bool can_choose = !runner_.is_running(run_kind::saving);
+    const bool can_analyze = can_choose && is_menu_useful_ && page_->bar->position() >= 0;
+    page_->bar->set_open_enabled(can_choose);
+    page_->bar->set_menu_enabled(can_analyze);
+    page_->bar->set_save_enabled(is_analyzed());
+    page_->options->set_scope_enabled(can_choose);
+    menu_->set_enabled(
+        {.open = can_choose, .analyze = can_analyze, .save = is_analyzed(), .tick = page_->shows_preview()});
+    cancel_shortcut_->setEnabled(runner_.is_running());
+    const bool is_open = !runner_.is_running() && runner_.session().document && unread_document_.isEmpty();
+    setWindowTitle(is_open ? title_text(QFileInfo(document_).fileName()) : QString());
 }
 
 } // namespace tallyframe::window

@@ -1,27 +1,29 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "window/choices.h"
-#include "window/session_runner.h"
+#include "window/models/choices.h"
+#include "window/runs/session_runner.h"
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QTimer>
+#include <QUrl>
+#include <optional>
 
 class QSettings;
-class QStackedWidget;
+class QShortcut;
 
 namespace tallyframe::window {
 
-class document_bar;
 class main_menu;
-class message_page;
-class options_panel;
-class preview_panel;
+class main_window_page;
 class progress_sheet;
-class saved_banner;
-class tracks_panel;
 
-/// The one window: lays its parts out and connects them with the runs.
+/// The one window: connects its menu and its page with the runs.
+///
+/// The sequence menu and the scope buttons say what is wanted; what is shown, and named, is what was
+/// analysed. Only where the two are the same can a report be saved. Both stay alive while something is read,
+/// and another choice then ends that run for its own; while a report is written they rest.
 class main_window final : public QMainWindow {
     Q_OBJECT
 
@@ -41,52 +43,54 @@ protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
 private:
-    QWidget* make_middle();
-    void lay_out();
     void connect_menu();
     void connect_panels();
     void connect_runner();
 
     void ask_for_document();
+    void open_dropped(const QList<QUrl>& urls);
     void open_recent_document(const QString& path);
     void ask_where_to_save_report();
-    void analyze();
-    void analyze_if_new(int position);
-    void choose_appearance(appearance look);
 
+    void choose_scope();
+    void choose_appearance(appearance look);
+    void keep(choices changed);
     void take_choices();
     void take_ticks();
-    void show_run(const QString& title);
+    void update_clips();
+    void update_enabled();
+
+    void start_opening();
+    void analyze();
+    void analyze_if_new();
+    void cancel_run();
+    void show_run();
     void show_opened(const run_outcome& outcome);
     void show_analyzed(const run_outcome& outcome);
     void show_saved(const run_outcome& outcome);
-    void show_analysis();
-    void clear_analysis();
+    void leave_analysis();
     void show_message();
-    void update_preview();
-    void update_enabled();
+    std::optional<report_subject> wanted_subject() const;
     bool is_analyzed() const;
 
     QSettings& settings_;
     choices choices_;
     session_runner runner_;
-    QString document_;
+    QString document_; ///< the one that is open, or is being opened
+    QString unread_document_; ///< the name of the last one, where it could not be read
     QString workbook_; ///< the one that is being saved, or was saved last
-    QTimer preview_timer_;
+    QString run_title_; ///< of the run that was started last
+    std::optional<report_subject> analyzing_; ///< what the latest run is to analyse, unless it opens or saves
+    bool is_menu_useful_ = false; ///< what the catalogue said
+    QPointer<QWidget> focus_before_saving_, focus_while_saving_;
+    QTimer clips_timer_;
 
     main_menu* menu_;
-    document_bar* bar_;
-    tracks_panel* video_tracks_;
-    tracks_panel* audio_tracks_;
-    options_panel* options_;
-    preview_panel* preview_;
-    message_page* message_;
-    saved_banner* banner_;
-    QStackedWidget* pages_;
+    main_window_page* page_;
     progress_sheet* progress_;
+    QShortcut* cancel_shortcut_;
 };
 
 } // namespace tallyframe::window

@@ -3,14 +3,16 @@
 
 #include "document/parse_xml.h"
 #include "platform/application.h"
-#include "platform/gui_mode.h"
 #include "platform/sibling_program.h"
-#include "window/end_signals.h"
+#include "run/gui_mode.h"
+#include "window/desktop/end_signals.h"
+#include "window/desktop/window_arguments.h"
 #include "window/main_window.h"
-#include "window/qt_text.h"
-#include "window/stdout_diagnostics.h"
+#include "window/models/qt_text.h"
+#include "window/runs/stdout_diagnostics.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QFileOpenEvent>
 #include <QIcon>
 #include <QLocale>
@@ -40,6 +42,8 @@ protected:
 private:
     main_window& window_;
 };
+
+constexpr int wrong_usage = 2; ///< the exit code, as of the command line
 
 std::string own_path; ///< argv[0], for the handler below, which Qt calls without any context of ours
 
@@ -71,6 +75,13 @@ void name_application()
 
 int run_window(int argument_count, char** arguments)
 {
+    const window_request request = read_window_arguments({arguments + 1, arguments + argument_count});
+    std::cout << request.answer << std::flush;
+    std::cerr << request.complaint << std::flush;
+    if (!request.complaint.empty())
+        return wrong_usage;
+    if (!request.answer.empty())
+        return EXIT_SUCCESS;
     gui_mode = true;
     own_path = arguments[0];
     const QtMessageHandler usual_handler = qInstallMessageHandler(explain_missing_display);
@@ -90,9 +101,8 @@ int run_window(int argument_count, char** arguments)
     app.installEventFilter(new document_opener(window, &app));
     close_on_signals(app);
     window.show();
-    const QStringList given = QApplication::arguments();
-    if (given.size() > 1)
-        window.open_document(given.at(1));
+    if (!request.document.empty())
+        window.open_document(QFile::decodeName(request.document.c_str()));
     return QApplication::exec();
 }
 

@@ -6,7 +6,7 @@
 #include "workbook/colors.h"
 
 #include "workbook/format.h"
-#include "workbook/record.h"
+#include "workbook/records/record.h"
 #include "workbook/workbook.h"
 
 #include <algorithm>

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "workbook/byte_writer.h"
-
 #include <array>
 #include <cstdint>
 #include <string_view>
 
 namespace xls {
+
+class byte_writer;
 
 inline constexpr std::uint16_t automatic_color =
     0x7FFF; ///< of a font: what the reader's system shows text in

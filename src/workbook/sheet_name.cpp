@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "workbook/sheet_name.h"
 
-#include "workbook/unicode.h"
+#include "workbook/records/unicode.h"
 #include "workbook/workbook.h"
 
-#include <glib.h>
+#include <unicode/unistr.h>
 
 #include <algorithm>
-#include <limits>
-#include <memory>
+#include <new>
 
 namespace xls {
 
@@ -16,9 +15,13 @@ namespace {
 
 std::string without_case(std::string_view utf8)
 {
-    const std::unique_ptr<char, decltype(&g_free)> folded(
-        g_utf8_casefold(utf8.data(), static_cast<gssize>(utf8.size())), &g_free);
-    return folded.get();
+    auto folded = icu::UnicodeString::fromUTF8({utf8.data(), static_cast<std::int32_t>(utf8.size())});
+    folded.foldCase();
+    if (folded.isBogus())
+        throw std::bad_alloc();
+    std::string key;
+    folded.toUTF8String(key);
+    return key;
 }
 
 } // namespace

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "workbook/workbook.h"
 
-#include "workbook/compound_file.h"
-#include "workbook/saved_file.h"
+#include "workbook/file/compound_file.h"
+#include "workbook/file/saved_file.h"
+#include "workbook/records/unicode.h"
+#include "workbook/records/workbook_content.h"
+#include "workbook/records/workbook_stream.h"
 #include "workbook/sheet_name.h"
-#include "workbook/unicode.h"
-#include "workbook/workbook_content.h"
-#include "workbook/workbook_stream.h"
 
 #include <system_error>
 #include <utility>
@@ -44,6 +44,7 @@ compound_content finished_content(workbook_content& content)
     return {
         .title = valid_utf8(content.properties.title, property_limit).utf8,
         .application = valid_utf8(content.properties.application, property_limit).utf8,
+        .workbook_size = stream->size(),
         .write_workbook = [stream](const byte_sink& sink) { stream->write(sink); },
     };
 }
@@ -55,6 +56,11 @@ too_many_rows::too_many_rows(std::string sheet_name, std::size_t row_count)
                      + " rows, but an Excel 97-2003 sheet holds 65,536."),
       sheet(std::move(sheet_name)), rows(row_count)
 {
+}
+
+void check_target(const std::filesystem::path& path)
+{
+    const saved_file probe(path);
 }
 
 workbook::workbook(std::filesystem::path path)
@@ -74,6 +80,11 @@ void workbook::set_log(std::function<void(std::string_view)> log)
     content_->log = std::move(log);
 }
 
+const std::vector<cut_text>& workbook::cut_texts() const
+{
+    return content_->cut_texts;
+}
+
 format_id workbook::add_format(const format& format)
 {
     return content_->formats.add(format);
@@ -90,7 +101,7 @@ worksheet& workbook::add_worksheet(std::string_view name)
     return *content_->worksheets.back();
 }
 
-void workbook::close()
+void workbook::close(const std::function<void()>& before_publishing)
 {
     const auto content = finished_content(*content_);
     saved_file file(path_);
@@ -99,6 +110,9 @@ void workbook::close()
     } catch (const std::system_error& error) {
         file.fail(error.code().value());
     }
+    file.finish();
+    if (before_publishing)
+        before_publishing();
     file.publish();
 }
 

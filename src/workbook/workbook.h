@@ -37,6 +37,19 @@ struct document_properties {
     std::string application = {};
 };
 
+/// Throws the workbook_error that close would end with now for a path that takes no file. An older file there
+/// stays; a new one beside it comes and goes.
+void check_target(const std::filesystem::path& path);
+
+/// A cell whose text was cut. Row and column count from 0.
+struct cut_text {
+    std::string sheet;
+    std::size_t row;
+    std::size_t column;
+
+    bool operator==(const cut_text&) const = default;
+};
+
 /// An Excel 97-2003 workbook (BIFF8 records in an OLE2 compound file), kept in memory until close.
 class workbook {
 public:
@@ -47,6 +60,9 @@ public:
 
     /// Called with a sentence whenever something had to be cut.
     void set_log(std::function<void(std::string_view)> log);
+
+    /// The texts that had to be cut so far, each where it was written first.
+    const std::vector<cut_text>& cut_texts() const;
 
     /// Throws workbook_error for a colour that is_color refuses, a font name that is empty or longer than 31
     /// characters, a number format longer than 255, and when the file has no room for a further look: it
@@ -62,7 +78,10 @@ public:
     /// file as it was and nothing else behind. Follows a symbolic link to its target, keeps the permissions
     /// of an older file, and refuses one that is read-only. Throws workbook_error (nothing on the disk has
     /// changed) or too_many_rows (raised before a byte is written). May be called again after a failure.
-    void close();
+    ///
+    /// `before_publishing`: called when the new file is whole, on the disk and about to be moved over the
+    /// target. What it throws ends the saving like a failure of the disk.
+    void close(const std::function<void()>& before_publishing = {});
 
     /// The bytes that close would write. Throws as close does, the disk's failures excepted.
     std::vector<std::uint8_t> to_bytes();

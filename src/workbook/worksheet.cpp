@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "workbook/worksheet.h"
 
-#include "workbook/workbook_content.h"
+#include "workbook/records/workbook_content.h"
 
 #include <algorithm>
 #include <cmath>
@@ -55,7 +55,10 @@ void worksheet::write_string(std::size_t row, std::size_t column, std::string_vi
         return sheet_.cells.put_blank(place);
     const auto [index, newly_cut] = book_.strings.add(text);
     sheet_.cells.put(place, records::label_sst(place, index));
-    if (newly_cut && book_.log)
+    if (!newly_cut)
+        return;
+    book_.cut_texts.push_back({sheet_.name, row, column});
+    if (book_.log)
         book_.log("The text in cell " + cell_name(row, column) + " of sheet \"" + sheet_.name
                   + "\" was cut: a cell holds 32,767 characters.");
 }

@@ -20,7 +20,7 @@ struct workbook_content;
 class worksheet {
 public:
     /// A text cell (UTF-8; bytes that are not UTF-8 become U+FFFD). A text of more than 32 767 UTF-16 units
-    /// is cut there and the workbook's log is told. An empty text is a blank cell with the format.
+    /// is cut there, and the workbook notes it. An empty text is a blank cell with the format.
     void write_string(std::size_t row, std::size_t column, std::string_view text, format_id format = {});
 
     /// A number cell. A value that is not finite is written as the error value #NUM!.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "analysis/analyze.h"
-#include "platform/failures.h"
+#include "run/failures.h"
 #include "support/analyzed_document.h"
 #include "support/counting_progress.h"
 #include "support/names_of.h"
@@ -41,8 +41,8 @@ TEST(analyze, walks_video_then_audio)
     EXPECT_THAT(names_of(result.video_transition_array), ElementsAre("Dissolve ▸ Cross Dissolve"));
     EXPECT_THAT(names_of(result.audio_clip_data_array), ElementsAre("Sound"));
     EXPECT_THAT(names_of(result.audio_transition_array), ElementsAre("Cross Fade (+3dB)"));
-    EXPECT_EQ(result.video_clip_data_array[0].track, "V1");
-    EXPECT_EQ(result.audio_clip_data_array[0].track, "A1");
+    EXPECT_EQ(result.video_clip_data_array[0].place.track, "V1");
+    EXPECT_EQ(result.audio_clip_data_array[0].place.track, "A1");
 }
 
 TEST(analyze, walks_a_track_by_kind_of_item)
@@ -87,13 +87,13 @@ TEST(analyze, writes_a_diagnostic_for_each_clip)
 
 TEST(analyze, leaves_kinds_out_of_scope_without_records)
 {
-    const analyzed_document video(one_clip_each(), "uuid-1", "video");
+    const analyzed_document video(one_clip_each(), "uuid-1", report_scope::video);
     EXPECT_THAT(names_of(video.result.video_clip_data_array), ElementsAre("Picture"));
     EXPECT_THAT(video.result.audio_clip_data_array, IsEmpty());
     EXPECT_THAT(video.result.audio_transition_array, IsEmpty());
     EXPECT_EQ(video.display.length, 3 + 2) << "two files and a marker; a clip and a transition";
 
-    const analyzed_document audio(one_clip_each(), "uuid-1", "audio");
+    const analyzed_document audio(one_clip_each(), "uuid-1", report_scope::audio);
     EXPECT_THAT(audio.result.video_clip_data_array, IsEmpty());
     EXPECT_THAT(names_of(audio.result.audio_clip_data_array), ElementsAre("Sound"));
     EXPECT_EQ(audio.display.length, 3 + 2);
@@ -103,7 +103,7 @@ TEST(analyze, describes_every_track_whatever_the_scope)
 {
     const analysis_result result = analysis_of(
         one_clip_each().video_track({}, {.attributes = R"(MZ.TrackName="Titles")", .enabled = "False"}),
-        "uuid-1", "audio");
+        "uuid-1", report_scope::audio);
     ASSERT_EQ(result.video_tracks.size(), 2U);
     EXPECT_EQ(result.video_tracks[0].label, "V1");
     EXPECT_EQ(result.video_tracks[0].name, "");
@@ -121,7 +121,7 @@ TEST(analyze, joins_a_track_name_with_a_blank_even_an_empty_one)
 {
     const analysis_result result = analysis_of(
         xmeml().sequence("Reel 1").audio_track({clip("A")}, {.attributes = R"(MZ.TrackName="")"}));
-    EXPECT_EQ(result.audio_clip_data_array.at(0).track_name, " ");
+    EXPECT_EQ(result.audio_clip_data_array.at(0).place.track_name, " ");
 }
 
 TEST(analyze, keeps_one_audio_track_of_an_exploded_group)
@@ -134,7 +134,7 @@ TEST(analyze, keeps_one_audio_track_of_an_exploded_group)
                         .audio_track({clip("rear")}, {.attributes = R"(currentExplodedTrackIndex="2")"})
                         .audio_track({clip("mono")}));
     EXPECT_THAT(names_of(result.audio_clip_data_array), ElementsAre("left", "mono"));
-    EXPECT_EQ(result.audio_clip_data_array[1].track, "A2") << "numbers count what is kept";
+    EXPECT_EQ(result.audio_clip_data_array[1].place.track, "A2") << "numbers count what is kept";
     EXPECT_EQ(result.audio_tracks.size(), 2U);
 }
 
@@ -160,7 +160,7 @@ TEST(analyze, lists_each_reel_once_in_order)
         xmeml().sequence("Reel 1").video_track({clip("A").file({.path = "/a", .reel = "B002"}),
                                                 clip("B").at(50, 60).file({.path = "/b", .reel = "A001"}),
                                                 clip("C").at(60, 70).file({.path = "/c", .reel = "B002"})}));
-    EXPECT_EQ(result.reels_array, (std::vector<reel_record>{{"A001", 0}, {"B002", 0}}));
+    EXPECT_THAT(result.reels_array, ElementsAre("A001", "B002"));
 }
 
 TEST(analyze, restores_the_check_boxes_of_the_walked_tracks)
@@ -176,7 +176,7 @@ TEST(analyze, restores_the_check_boxes_of_the_walked_tracks)
     (*document.video_checkboxes.current)[1] = 0;
     document.analyze_again();
     EXPECT_THAT(*document.video_checkboxes.current, ElementsAre(1, 0, 1));
-    document.analyze_again("uuid-1", "audio");
+    document.analyze_again("uuid-1", report_scope::audio);
     EXPECT_THAT(*document.video_checkboxes.current, IsEmpty());
     document.analyze_again();
     EXPECT_THAT(*document.video_checkboxes.current, ElementsAre(1, 0, 1));
@@ -234,10 +234,10 @@ TEST(analyze, puts_all_bin_clips_on_track_1)
                                "");
     ASSERT_EQ(document.result.video_clip_data_array.size(), 2U) << "they do not overlap";
     for (const clip_record& record : document.result.video_clip_data_array) {
-        EXPECT_EQ(record.track, "V1");
-        EXPECT_EQ(record.seq_start_frame, 0);
-        EXPECT_EQ(record.seq_end_frame, 0);
-        EXPECT_EQ(record.seq_length, 1);
+        EXPECT_EQ(record.place.track, "V1");
+        EXPECT_EQ(record.place.seq_start_frame, 0);
+        EXPECT_EQ(record.place.seq_end_frame, 0);
+        EXPECT_EQ(record.place.seq_length, 1);
         EXPECT_EQ(record.src_start_frame, 0);
         EXPECT_EQ(record.src_end_frame, 199);
     }
@@ -255,7 +255,7 @@ TEST(analyze, puts_all_sounds_of_bins_on_track_1)
                                                     + bin_clip("m2", 200, "audio", {clip("B")})),
                                "");
     ASSERT_EQ(document.result.audio_clip_data_array.size(), 2U);
-    EXPECT_EQ(document.result.audio_clip_data_array[1].track, "A1");
+    EXPECT_EQ(document.result.audio_clip_data_array[1].place.track, "A1");
     EXPECT_THAT(*document.audio_checkboxes.current, ElementsAre(1));
 }
 
@@ -299,13 +299,22 @@ TEST_F(nested_sequences, take_the_file_of_the_first_clip_inside)
 {
     const std::string inner =
         nested("sequence-2", in_video_track(clip("inner").file({.path = "/inner.mov"}).text()));
-    analyzed_document document(premiere().video_track({clip("Scene 5").without_file().with(inner)}));
+    const analyzed_document document(premiere().video_track({clip("Scene 5").without_file().with(inner)}));
     ASSERT_THAT(names_of(document.result.video_clip_data_array), ElementsAre("Scene 5"));
     EXPECT_EQ(document.result.video_clip_data_array[0].path, "/inner.mov");
+}
 
-    const xml_node outer = document.parsed.document.root().first("sequence/media/video/track/clipitem");
-    EXPECT_EQ(outer.child("file").next_element(), outer.child("sequence")) << "it stands directly before";
-    EXPECT_EQ(outer.child("file").markup(), "<file id=\"/inner.mov\"/>");
+TEST_F(nested_sequences, stand_behind_the_file_that_they_bring)
+{
+    const std::string inner =
+        nested("sequence-2", in_video_track(clip("inner").file({.path = "/inner.mov"}).text()));
+    const std::string own = media_file{.path = "/own.mov"}.text();
+    const analysis_result result =
+        analysis_of(premiere().video_track({clip("before").without_file().with(own + inner),
+                                            clip("behind").at(50, 60).without_file().with(inner + own)}));
+    ASSERT_THAT(names_of(result.video_clip_data_array), ElementsAre("before", "behind"));
+    EXPECT_EQ(result.video_clip_data_array[0].path, "/own.mov");
+    EXPECT_EQ(result.video_clip_data_array[1].path, "/inner.mov");
 }
 
 TEST_F(nested_sequences, find_a_file_one_sequence_deeper)
@@ -374,7 +383,7 @@ TEST_F(nested_sequences, take_no_file_in_final_cut_pro)
     EXPECT_THAT(result.video_clip_data_array, IsEmpty());
 }
 
-TEST_F(nested_sequences, count_no_copied_file_as_media)
+TEST_F(nested_sequences, count_no_file_twice_as_media)
 {
     const std::string inner =
         nested("sequence-2", in_video_track(clip("inner").file({.path = "/i", .reel = "A"}).text()));
@@ -396,12 +405,32 @@ TEST(analyze, gives_the_same_records_again)
     EXPECT_EQ(document.result.video_clip_marker_array, markers);
 }
 
+TEST(analyze, leaves_the_document_as_it_is)
+{
+    const std::string scale = parameter("scale", "Scale", value("100") + around("keyframe", value("50")));
+    analyzed_document document(
+        xmeml()
+            .sequence("Master", {.attributes = R"(id="1" explodedTracks="true")"})
+            .video_track({clip("Zoom").with(filter{"Basic Motion", "basic", "motion", "", scale}.text()
+                                            + "<masterclipid>m</masterclipid>"),
+                          clip("me").at(50, 60).without_file().with(R"(<sequence id="1"/>)")})
+            .with(R"(<clip id="m"><labels><label>Best Take</label></labels></clip>)"));
+    ASSERT_THAT(names_of(document.result.video_clip_data_array), ElementsAre("Zoom", "me"));
+    const std::string before = document.parsed.document.root().markup();
+    document.analyze_again();
+    EXPECT_EQ(document.parsed.document.root().markup(), before);
+    EXPECT_THAT(before, testing::Not(testing::HasSubstr("100%")));
+    EXPECT_THAT(before, testing::HasSubstr("<value>100</value>"));
+}
+
 TEST(analyze, lets_a_stop_through)
 {
     counting_progress display;
     display.stop_at = 1;
     analyzed_document document(one_clip_each());
-    EXPECT_THROW(analyze(document.parsed.index, "uuid-1", "video + audio", document.video_checkboxes,
+    media_catalogues catalogues;
+    EXPECT_THROW(analyze(document.parsed.index, document.parsed.index.sequence_with_uuid("uuid-1"),
+                         document.additions, catalogues, report_scope::video_audio, document.video_checkboxes,
                          document.audio_checkboxes, document.out, display),
                  run_cancelled);
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "analysis/audio_clip.h"
+#include "analysis/link_xml.h"
 #include "support/analyzed_document.h"
 #include "support/names_of.h"
 
@@ -31,12 +32,12 @@ TEST(audio_clip, carries_what_its_file_says_of_sound)
 {
     const clip_record record =
         only_clip({clip("Song").file({.path = "/song.wav", .reel = "S1", .with = audio_media})});
-    EXPECT_EQ(record.track, "A1");
+    EXPECT_EQ(record.place.track, "A1");
     EXPECT_EQ(record.samplerate, "48000");
     EXPECT_EQ(record.audio_format, "");
     EXPECT_EQ(record.reel_name, "S1");
     EXPECT_EQ(record.path, "/song.wav");
-    EXPECT_EQ(record.displayformat, "NDF");
+    EXPECT_EQ(record.displayformat, display_format::non_drop_frame);
     EXPECT_EQ(record.fcp_rate, (frame_rate{25, false}));
 }
 
@@ -62,9 +63,12 @@ TEST(audio_clip, joins_the_markup_of_its_links)
 {
     const std::string links =
         "<link><linkclipref>a</linkclipref></link><x/><link><linkclipref>b</linkclipref></link>";
-    EXPECT_EQ(only_clip({clip("Song").with(links)}).link_xml,
+    const analyzed_document document(
+        xmeml().sequence("Reel 1").audio_track({clip("linked").with(links), clip("alone").at(50, 60)}));
+    const auto& records = document.result.audio_clip_data_array;
+    EXPECT_EQ(link_xml(records.at(0)),
               "<link><linkclipref>a</linkclipref></link><link><linkclipref>b</linkclipref></link>");
-    EXPECT_EQ(only_clip({clip("Song")}).link_xml, "");
+    EXPECT_EQ(link_xml(records.at(1)), "");
 }
 
 TEST(audio_clip, on_generated_media_is_a_generated_item_without_text)
@@ -80,7 +84,7 @@ TEST(audio_clip, on_generated_media_is_a_generated_item_without_text)
     EXPECT_THAT(result.audio_clip_data_array, IsEmpty());
     ASSERT_THAT(names_of(result.generatoritem_array), ElementsAre("Black", "Bars", "Graphic"));
     for (const generator_record& record : result.generatoritem_array) {
-        EXPECT_EQ(record.track, "A1");
+        EXPECT_EQ(record.place.track, "A1");
         EXPECT_EQ(record.font, "");
         EXPECT_EQ(record.text, "");
     }
@@ -105,7 +109,7 @@ TEST(audio_clip, gives_filters_but_no_motion)
                                                  .speed("50")});
     EXPECT_THAT(names_of(result.audio_clip_filter_array), ElementsAre("Gain"));
     EXPECT_TRUE(result.audio_clip_filter_array[0].apple);
-    EXPECT_EQ(result.audio_clip_filter_array[0].track, "A1");
+    EXPECT_EQ(result.audio_clip_filter_array[0].place.track, "A1");
     EXPECT_THAT(result.video_clip_filter_array, IsEmpty());
     EXPECT_THAT(result.video_clip_motion_array, IsEmpty());
 }

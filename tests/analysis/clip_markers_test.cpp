@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "analysis/clip_markers.h"
-#include "platform/failures.h"
+#include "run/failures.h"
 #include "support/analyzed_document.h"
 #include "support/names_of.h"
 
@@ -29,8 +29,8 @@ TEST(clip_markers, carry_place_and_state_of_their_clip)
         {.attributes = R"(MZ.TrackName="Main")"}));
     ASSERT_EQ(result.video_clip_marker_array.size(), 1U);
     const clip_marker_record& record = result.video_clip_marker_array[0];
-    EXPECT_EQ(record.track, "V1");
-    EXPECT_EQ(record.track_name, " Main");
+    EXPECT_EQ(record.place.track, "V1");
+    EXPECT_EQ(record.place.track_name, " Main");
     EXPECT_EQ(record.clip_name, "Boat");
     EXPECT_EQ(record.enabled, "FALSE");
     EXPECT_EQ(record.in_point, 30);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "analysis/filters_and_motion.h"
-#include "platform/failures.h"
+#include "run/failures.h"
 #include "support/analyzed_document.h"
 #include "support/names_of.h"
 
@@ -62,12 +62,12 @@ TEST(filters, carry_place_and_state_of_their_clip)
     EXPECT_EQ(record.name, "Blur");
     EXPECT_TRUE(record.apple);
     EXPECT_EQ(record.enabled, "FALSE") << "the clip's, not the filter's";
-    EXPECT_EQ(record.track, "V1");
-    EXPECT_EQ(record.track_name, " Main");
+    EXPECT_EQ(record.place.track, "V1");
+    EXPECT_EQ(record.place.track_name, " Main");
     EXPECT_EQ(record.clip_name, "Boat");
-    EXPECT_EQ(record.seq_start_frame, 1010);
-    EXPECT_EQ(record.seq_end_frame, 1029);
-    EXPECT_EQ(record.seq_length, 20);
+    EXPECT_EQ(record.place.seq_start_frame, 1010);
+    EXPECT_EQ(record.place.seq_end_frame, 1029);
+    EXPECT_EQ(record.place.seq_length, 20);
 }
 
 TEST(filters, that_are_switched_off_are_left_out)
@@ -152,7 +152,8 @@ TEST(motion, joins_the_values_of_a_keyframed_scale)
     EXPECT_THAT(names_of(document.result.video_clip_motion_array), ElementsAre("Scale (50%, 75%, 100%)"));
     const xml_node joined = document.parsed.document.root().first(
         "sequence/media/video/track/clipitem/filter/effect/parameter/value");
-    EXPECT_EQ(joined.text(), "50%, 75%, 100") << "it stays in the document";
+    EXPECT_EQ(document.additions.text_of(joined), "50%, 75%, 100") << "it stays for later analyses";
+    EXPECT_EQ(joined.text(), "7") << "not in the document";
     document.analyze_again();
     EXPECT_THAT(names_of(document.result.video_clip_motion_array), ElementsAre("Scale (50%, 75%, 100%)"));
 }
@@ -255,9 +256,9 @@ TEST(motion, carries_place_and_state_of_its_clip)
     const motion_record& record = result.video_clip_motion_array[0];
     EXPECT_EQ(record.clip_name, "Boat");
     EXPECT_EQ(record.enabled, "FALSE");
-    EXPECT_EQ(record.seq_start_frame, 1010);
-    EXPECT_EQ(record.seq_end_frame, 1029);
-    EXPECT_EQ(record.track, "V1");
+    EXPECT_EQ(record.place.seq_start_frame, 1010);
+    EXPECT_EQ(record.place.seq_end_frame, 1029);
+    EXPECT_EQ(record.place.track, "V1");
 }
 
 } // namespace

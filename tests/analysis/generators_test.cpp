@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "analysis/generators.h"
-#include "platform/failures.h"
+#include "run/failures.h"
 #include "support/analyzed_document.h"
 #include "support/names_of.h"
 
@@ -59,11 +59,11 @@ TEST(generators, stand_on_the_clock_of_the_sequence)
             .video_track({generator(10, 30, element("name", "Slate") + "<enabled>FALSE</enabled>")},
                          {.attributes = R"(MZ.TrackName="Titles")"}));
     const generator_record& record = result.generatoritem_array.at(0);
-    EXPECT_EQ(record.track, "V1");
-    EXPECT_EQ(record.track_name, " Titles");
-    EXPECT_EQ(record.seq_start_frame, 1010);
-    EXPECT_EQ(record.seq_end_frame, 1029);
-    EXPECT_EQ(record.seq_length, 20);
+    EXPECT_EQ(record.place.track, "V1");
+    EXPECT_EQ(record.place.track_name, " Titles");
+    EXPECT_EQ(record.place.seq_start_frame, 1010);
+    EXPECT_EQ(record.place.seq_end_frame, 1029);
+    EXPECT_EQ(record.place.seq_length, 20);
     EXPECT_EQ(record.enabled, "TRUE") << "the switch of the item itself does not count, on purpose";
 }
 
@@ -132,14 +132,15 @@ TEST(generators, take_hidden_ends_from_their_neighbours)
 {
     const generator_record record =
         record_of({transition(40, 60, "", "Wipe"), generator(-1, -1, ""), transition(90, 100, "", "Wipe")});
-    EXPECT_EQ(record.seq_start_frame, 40);
-    EXPECT_EQ(record.seq_end_frame, 99);
+    EXPECT_EQ(record.place.seq_start_frame, 40);
+    EXPECT_EQ(record.place.seq_end_frame, 99);
 }
 
 TEST(generators, take_even_a_hidden_end_of_a_neighbour)
 {
-    EXPECT_EQ(record_of({std::string("<x><start>-1</start></x>"), generator(-1, 50, "")}).seq_start_frame,
-              -1);
+    EXPECT_EQ(
+        record_of({std::string("<x><start>-1</start></x>"), generator(-1, 50, "")}).place.seq_start_frame,
+        -1);
 }
 
 TEST(generators, need_a_neighbour_for_a_hidden_end)
@@ -197,9 +198,9 @@ TEST(graphics, stand_where_their_clip_stands)
 {
     const generator_record record =
         record_of({clip("Graphic").at(10, 30).enabled("FALSE").file({.media_source = "GraphicAndType"})});
-    EXPECT_EQ(record.track, "V1");
-    EXPECT_EQ(record.seq_start_frame, 10);
-    EXPECT_EQ(record.seq_end_frame, 29);
+    EXPECT_EQ(record.place.track, "V1");
+    EXPECT_EQ(record.place.seq_start_frame, 10);
+    EXPECT_EQ(record.place.seq_end_frame, 29);
     EXPECT_EQ(record.enabled, "FALSE");
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "analysis/sequence_header.h"
-#include "platform/failures.h"
+#include "run/failures.h"
 #include "support/analyzed_document.h"
 
 #include <gmock/gmock.h>
@@ -46,7 +46,7 @@ TEST(sequence_header, holds_what_the_document_says)
     EXPECT_EQ(result.sequence_name, "Reel 1");
     EXPECT_EQ(result.sequence_duration, 5000);
     EXPECT_EQ(result.seq_fcp_rate, (frame_rate{29.97, true}));
-    EXPECT_EQ(result.seq_displayformat, "DF");
+    EXPECT_EQ(result.seq_displayformat, display_format::drop_frame);
 }
 
 TEST(sequence_header, keeps_sizes_and_sample_rate_as_written)
@@ -123,12 +123,13 @@ TEST(sequence_header, tells_drop_frame_by_the_timecode_without_a_display_format)
         return analyzed_document(sequence_with("<name>x</name><duration>1</duration>" + timecode(markup)))
             .result.seq_displayformat;
     };
-    EXPECT_EQ(displayformat("<string>01:00:00;00</string>"), "DF");
-    EXPECT_EQ(displayformat("<string>01:00:00:00</string>"), "NDF");
-    EXPECT_EQ(displayformat(""), "NDF");
-    EXPECT_EQ(displayformat("<string>01:00:00;00</string><displayformat>NDF</displayformat>"), "NDF");
-    EXPECT_EQ(displayformat("<displayformat>odd</displayformat>"), "odd");
-    EXPECT_EQ(displayformat("<displayformat/>"), "");
+    EXPECT_EQ(displayformat("<string>01:00:00;00</string>"), display_format::drop_frame);
+    EXPECT_EQ(displayformat("<string>01:00:00:00</string>"), display_format::non_drop_frame);
+    EXPECT_EQ(displayformat(""), display_format::non_drop_frame);
+    EXPECT_EQ(displayformat("<string>01:00:00;00</string><displayformat>NDF</displayformat>"),
+              display_format::non_drop_frame);
+    EXPECT_EQ(displayformat("<displayformat>odd</displayformat>"), display_format::unknown);
+    EXPECT_EQ(displayformat("<displayformat/>"), display_format::unknown);
 }
 
 TEST(sequence_header, says_what_is_missing)

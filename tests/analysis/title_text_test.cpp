@@ -154,6 +154,32 @@ TEST(title_text, survives_a_deeply_nested_document)
     EXPECT_EQ(title_of(utf16(deep)), title_text{});
 }
 
+TEST(title_text, takes_the_last_of_elements_that_come_twice)
+{
+    const auto style = [](const std::string& content) {
+        return utf16(R"({"mTextParam":{"mStyleSheet":{)" + content + "}}}");
+    };
+    const std::string font = R"("mFontName":{"mParamValues":[[0,"Menlo-Regular"]]})";
+    EXPECT_THAT(title_of(style(font + R"(,"mText":"a","mText":"b")")).texts, ElementsAre("b"));
+    EXPECT_THAT(title_of(style(font + R"(,"mText":"a","mText":1)")).texts, IsEmpty());
+    EXPECT_EQ(title_of(style(font + R"(,"mFontName":{})")).font, "");
+}
+
+TEST(title_text, takes_the_last_text_of_the_first_pair_for_the_font)
+{
+    const auto font_of = [](const std::string& values) {
+        return title_of(
+                   utf16(R"({"mTextParam":{"mStyleSheet":{"mFontName":{"mParamValues":)" + values + "}}}}"))
+            .font;
+    };
+    EXPECT_EQ(font_of(R"([[0,"A","B"],[1,"C"]])"), "B");
+    EXPECT_EQ(font_of(R"([["A",0],[1,"C"]])"), "");
+    EXPECT_EQ(font_of(R"([[],[1,"C"]])"), "");
+    EXPECT_EQ(font_of(R"([[["A"]],[1,"C"]])"), "");
+    EXPECT_EQ(font_of(R"([{"x":"A"},[1,"C"]])"), "");
+    EXPECT_EQ(font_of(R"("A")"), "");
+}
+
 } // namespace
 
 } // namespace tallyframe

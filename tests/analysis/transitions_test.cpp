@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "analysis/transitions.h"
-#include "platform/failures.h"
+#include "run/failures.h"
 #include "support/analyzed_document.h"
 
 #include <gmock/gmock.h>
@@ -38,11 +38,11 @@ TEST(transitions, stand_on_the_clock_of_the_sequence)
                                      {.attributes = R"(MZ.TrackName="FX")", .enabled = "False"}));
     ASSERT_EQ(result.audio_transition_array.size(), 1U);
     const transition_record& record = result.audio_transition_array[0];
-    EXPECT_EQ(record.track, "A1");
-    EXPECT_EQ(record.track_name, " FX");
-    EXPECT_EQ(record.seq_start_frame, 1040);
-    EXPECT_EQ(record.seq_end_frame, 1059);
-    EXPECT_EQ(record.seq_length, 20);
+    EXPECT_EQ(record.place.track, "A1");
+    EXPECT_EQ(record.place.track_name, " FX");
+    EXPECT_EQ(record.place.seq_start_frame, 1040);
+    EXPECT_EQ(record.place.seq_end_frame, 1059);
+    EXPECT_EQ(record.place.seq_length, 20);
     EXPECT_EQ(record.enabled, "FALSE");
     EXPECT_TRUE(record.apple);
 }

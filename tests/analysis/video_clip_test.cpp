@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "analysis/link_xml.h"
 #include "analysis/video_clip.h"
-#include "platform/failures.h"
+#include "run/failures.h"
 #include "support/analyzed_document.h"
 #include "support/names_of.h"
 
@@ -46,9 +47,9 @@ std::string message_of_track(const std::vector<track_item>& items)
 TEST(video_clip, stands_on_the_clock_of_the_sequence)
 {
     const clip_record record = only_video_clip({clip("A").at(0, 1)}, {.start_frame = 86400});
-    EXPECT_EQ(record.seq_start_frame, 86400);
-    EXPECT_EQ(record.seq_end_frame, 86400) << "inclusive";
-    EXPECT_EQ(record.seq_length, 1);
+    EXPECT_EQ(record.place.seq_start_frame, 86400);
+    EXPECT_EQ(record.place.seq_end_frame, 86400) << "inclusive";
+    EXPECT_EQ(record.place.seq_length, 1);
 }
 
 TEST(video_clip, carries_what_its_file_says)
@@ -67,11 +68,11 @@ TEST(video_clip, carries_what_its_file_says)
     EXPECT_EQ(record.fcp_rate, (frame_rate{25, false}));
     EXPECT_EQ(record.type, "PAL (25 fps)");
     EXPECT_EQ(record.frame_size, "1920 × 1080");
-    EXPECT_EQ(record.displayformat, "NDF");
+    EXPECT_EQ(record.displayformat, display_format::non_drop_frame);
     EXPECT_EQ(record.video_format, "");
     EXPECT_EQ(record.audio_format, std::nullopt) << "only audio clips have one";
     EXPECT_EQ(record.samplerate, std::nullopt);
-    EXPECT_EQ(record.link_xml, std::nullopt);
+    EXPECT_EQ(link_xml(record), std::nullopt);
     EXPECT_EQ(record.reel_name, "A001");
     EXPECT_EQ(record.path, "/Media/a.mov");
     EXPECT_EQ(record.bin, std::nullopt);
@@ -89,7 +90,7 @@ TEST(video_clip, has_the_sound_roll_of_its_file)
 TEST(video_clip, takes_the_start_of_the_transition_that_hides_it)
 {
     EXPECT_EQ(only_video_clip({transition(40, 60, "Dissolve", "x"), clip("A").at(-1, 90).in_out(0, 50)})
-                  .seq_start_frame,
+                  .place.seq_start_frame,
               40);
 }
 
@@ -97,37 +98,38 @@ TEST(video_clip, takes_the_end_of_the_transition_that_hides_it)
 {
     const clip_record record =
         only_video_clip({clip("A").at(10, -1).in_out(0, 50), transition(40, 60, "Dissolve", "x")});
-    EXPECT_EQ(record.seq_start_frame, 10);
-    EXPECT_EQ(record.seq_end_frame, 59);
+    EXPECT_EQ(record.place.seq_start_frame, 10);
+    EXPECT_EQ(record.place.seq_end_frame, 59);
 }
 
 TEST(video_clip, counts_its_start_back_from_the_end_without_a_neighbour)
 {
     const clip_record record = only_video_clip({clip("A").at(-1, 90).in_out(20, 50)});
-    EXPECT_EQ(record.seq_start_frame, 60);
-    EXPECT_EQ(record.seq_length, 30);
+    EXPECT_EQ(record.place.seq_start_frame, 60);
+    EXPECT_EQ(record.place.seq_length, 30);
 }
 
 TEST(video_clip, counts_its_end_from_the_start_without_a_neighbour)
 {
     const clip_record record = only_video_clip({clip("A").at(10, -1).in_out(20, 50)});
-    EXPECT_EQ(record.seq_end_frame, 39);
+    EXPECT_EQ(record.place.seq_end_frame, 39);
 }
 
 TEST(video_clip, takes_a_neighbour_without_a_position_for_none)
 {
-    EXPECT_EQ(only_video_clip({std::string("<note/>"), clip("A").at(-1, 90).in_out(20, 50)}).seq_start_frame,
-              60);
+    EXPECT_EQ(
+        only_video_clip({std::string("<note/>"), clip("A").at(-1, 90).in_out(20, 50)}).place.seq_start_frame,
+        60);
     EXPECT_EQ(only_video_clip({clip("A").at(10, -1).in_out(20, 50), std::string("<enabled>TRUE</enabled>")})
-                  .seq_end_frame,
+                  .place.seq_end_frame,
               39);
 }
 
 TEST(video_clip, resolves_only_the_start_when_both_ends_stay_hidden)
 {
     const clip_record record = only_video_clip({clip("A").at(-1, -1).in_out(20, 50)});
-    EXPECT_EQ(record.seq_start_frame, -31);
-    EXPECT_EQ(record.seq_end_frame, -2);
+    EXPECT_EQ(record.place.seq_start_frame, -31);
+    EXPECT_EQ(record.place.seq_end_frame, -2);
 }
 
 TEST(video_clip, escapes_double_quotes_in_its_name_everywhere)
@@ -262,8 +264,9 @@ TEST(video_clip, is_disabled_with_its_track)
 
 TEST(video_clip, joins_the_track_name_with_a_blank)
 {
-    EXPECT_EQ(only_video_clip({clip("A")}, {}, {.attributes = R"(MZ.TrackName="Main")"}).track_name, " Main");
-    EXPECT_EQ(only_video_clip({clip("A")}).track_name, "");
+    EXPECT_EQ(only_video_clip({clip("A")}, {}, {.attributes = R"(MZ.TrackName="Main")"}).place.track_name,
+              " Main");
+    EXPECT_EQ(only_video_clip({clip("A")}).place.track_name, "");
 }
 
 TEST(video_clip, gives_no_record_without_a_known_file)
@@ -326,12 +329,12 @@ TEST(video_clip, on_generated_media_is_a_generated_item)
     EXPECT_THAT(result.video_clip_data_array, IsEmpty());
     ASSERT_EQ(result.generatoritem_array.size(), 2U);
     const generator_record& slug = result.generatoritem_array[0];
-    EXPECT_EQ(slug.track, "V1");
+    EXPECT_EQ(slug.place.track, "V1");
     EXPECT_EQ(slug.name, "Black");
     EXPECT_EQ(slug.type, "Slug");
-    EXPECT_EQ(slug.seq_start_frame, 110);
-    EXPECT_EQ(slug.seq_end_frame, 119);
-    EXPECT_EQ(slug.seq_length, 10);
+    EXPECT_EQ(slug.place.seq_start_frame, 110);
+    EXPECT_EQ(slug.place.seq_end_frame, 119);
+    EXPECT_EQ(slug.place.seq_length, 10);
     EXPECT_EQ(slug.font, "");
     EXPECT_EQ(slug.text, "");
     EXPECT_EQ(slug.enabled, "FALSE");

@@ -12,7 +12,7 @@ TEST(parse_arguments, leaves_every_option_at_its_default_without_flags)
     EXPECT_EQ(request.document, "cut.xml");
     EXPECT_FALSE(request.output);
     EXPECT_EQ(request.item.by, item_choice::kind::only_one);
-    EXPECT_EQ(request.scope, "video + audio");
+    EXPECT_EQ(request.scope, report_scope::video_audio);
     EXPECT_FALSE(request.tracks);
     EXPECT_EQ(request.options.video_row_color, "blue");
     EXPECT_EQ(request.options.audio_row_color, "green");
@@ -49,7 +49,7 @@ TEST(parse_arguments, reads_adjustments_with_either_sign)
 {
     const time_adjustments adjustments =
         parsed({"--adjust", "Timecode=+1", "--adjust", "Clock=-2", "--adjust", "Frames=3", "--adjust",
-                "Feet+Frames=+4", "--adjust=Seconds=-5"})
+                "Feet+Frames = +4", "--adjust=Seconds=-5"})
             .options.adjustments;
     EXPECT_EQ(adjustments.hhmmssff_adj, 1);
     EXPECT_EQ(adjustments.clock_adj, -2);
@@ -92,6 +92,9 @@ TEST(parse_arguments, reads_the_tracks_and_none_of_them)
 {
     EXPECT_EQ(parsed({"--tracks", "V1, A2"}).tracks, (std::vector<std::string>{"V1", "A2"}));
     EXPECT_EQ(parsed({"--tracks", "none"}).tracks, std::vector<std::string>());
+    EXPECT_EQ(parsed({"--tracks", " "}).tracks, std::vector<std::string>());
+    EXPECT_EQ(parsed({"--tracks", " V1 ,A2,"}).tracks, (std::vector<std::string>{"V1", "A2"}));
+    EXPECT_EQ(parsed({"--tracks", "V1,,A2"}).tracks, (std::vector<std::string>{"V1", "", "A2"}));
 }
 
 TEST(parse_arguments, accepts_colours_by_name_or_number)

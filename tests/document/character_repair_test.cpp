@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "document/character_repair.h"
+#include "support/counting_progress.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <array>
@@ -9,9 +11,17 @@ namespace tallyframe {
 
 namespace {
 
+dropped_characters dropped_from(std::string& text)
+{
+    dropped_characters dropped;
+    no_progress display;
+    clean_all_lines(text, dropped, display);
+    return dropped;
+}
+
 std::string cleaned(std::string text)
 {
-    clean_all_lines(text);
+    dropped_from(text);
     return text;
 }
 
@@ -20,7 +30,9 @@ std::string cleaned_in(const std::vector<int>& lines, std::string text)
     damaged_lines damaged;
     for (const int line : lines)
         damaged.add(line);
-    clean_lines(text, damaged);
+    dropped_characters dropped;
+    no_progress display;
+    clean_lines(text, damaged, dropped, display);
     return text;
 }
 
@@ -60,22 +72,6 @@ TEST(is_clean_character, refuses_what_is_not_one_whole_sequence)
     };
     for (const std::string_view bytes : refused)
         EXPECT_FALSE(is_clean_character(bytes)) << bytes;
-}
-
-TEST(declared_length, goes_by_the_first_byte)
-{
-    EXPECT_EQ(declared_length("abcd"), 1U);
-    EXPECT_EQ(declared_length("\x80zzz"), 1U);
-    EXPECT_EQ(declared_length("\xBFzzz"), 1U);
-    EXPECT_EQ(declared_length("\xC0zzz"), 2U);
-    EXPECT_EQ(declared_length("\xDFzzz"), 2U);
-    EXPECT_EQ(declared_length("\xE0zzz"), 3U);
-    EXPECT_EQ(declared_length("\xEFzzz"), 3U);
-    EXPECT_EQ(declared_length("\xF0zzz"), 4U);
-    EXPECT_EQ(declared_length("\xF7zzz"), 4U);
-    EXPECT_EQ(declared_length("\xF8zzz"), 1U);
-    EXPECT_EQ(declared_length("\xFFzzz"), 1U);
-    EXPECT_EQ(declared_length("\xF0z"), 2U); // as far as the text goes
 }
 
 TEST(clean_all_lines, drops_a_bad_character_with_all_that_it_declares)
@@ -141,6 +137,35 @@ TEST(clean_lines, takes_line_0_for_the_last_one)
 TEST(clean_lines, overlooks_lines_that_are_not_there)
 {
     EXPECT_EQ(cleaned_in({4, 70'000}, "a\xFF\nb\n"), "a\xFF\nb");
+}
+
+TEST(clean_all_lines, counts_what_it_drops)
+{
+    std::string text = "clean\n\x01\x02 \xC3\xA9\n\nCaf\xE9 x\n\xFF\n";
+    const dropped_characters dropped = dropped_from(text);
+    EXPECT_EQ(dropped.count, 4U); // the Latin-1 letter is one, with the two bytes that it takes along
+    EXPECT_EQ(dropped.line_count, 3U);
+    EXPECT_THAT(dropped.first_lines, testing::ElementsAre(2, 4, 5));
+    EXPECT_EQ(dropped_from(text).count, 0U) << "the second time";
+}
+
+TEST(clean_all_lines, can_be_stopped_in_the_middle_of_a_long_line)
+{
+    std::string text(1'000'000, 'x');
+    dropped_characters dropped;
+    testing_support::counting_progress display;
+    display.stop_at_look = 5;
+    EXPECT_THROW(clean_all_lines(text, dropped, display), run_cancelled);
+}
+
+TEST(dropped_characters, keep_the_numbers_of_the_first_lines)
+{
+    dropped_characters dropped;
+    for (const std::size_t line : {90U, 14U, 100U, 15U, 92U, 91U})
+        dropped.add(line, 2);
+    EXPECT_THAT(dropped.first_lines, testing::ElementsAre(14, 15, 90, 91, 92));
+    EXPECT_EQ(dropped.line_count, 6U);
+    EXPECT_EQ(dropped.count, 12U);
 }
 
 TEST(damaged_lines, are_empty_before_the_first)

@@ -136,99 +136,60 @@ TEST(master_clip_group, never_finds_an_id_with_a_double_quote)
     EXPECT_EQ(id(parsed.index.master_clip_group(labels, "a&quot;b")), "none"); // as clip items ask for it
 }
 
-TEST(nested_sequence_file, finds_the_first_file_of_the_video_tracks)
+std::string in_clip_item(const parsed_xml& parsed, std::string_view sequence_id)
+{
+    return id(parsed.index.first_file(nesting::in_clip_item, sequence_id));
+}
+
+std::string one_sequence_deeper(const parsed_xml& parsed, std::string_view sequence_id)
+{
+    return id(parsed.index.first_file(nesting::one_sequence_deeper, sequence_id));
+}
+
+TEST(first_file, stands_in_a_clip_item_of_a_video_track)
 {
     const auto parsed =
         parsed_text("<xmeml><sequence id='s'><media><audio><track><clipitem><file id='no'/></clipitem>"
                     "</track></audio><video><file id='no'/><track><clipitem/><clipitem><file id='a'/>"
                     "<file id='b'/></clipitem></track></video></media></sequence></xmeml>");
-    EXPECT_EQ(id(parsed.index.nested_sequence_file("s")), "a");
-    EXPECT_EQ(id(parsed.index.nested_sequence_file("t")), "none");
+    EXPECT_EQ(in_clip_item(parsed, "s"), "a");
+    EXPECT_EQ(in_clip_item(parsed, "t"), "none");
 }
 
-TEST(nested_sequence_file, looks_one_sequence_deeper_only_when_there_is_none)
+TEST(first_file, is_told_apart_from_one_a_sequence_deeper)
 {
     const std::string inner = sequence("inner", clip_item("<file id='deep'/>"));
-    const auto deep_only = parsed_text("<xmeml>" + sequence("s", clip_item(inner)) + "</xmeml>");
-    EXPECT_EQ(id(deep_only.index.nested_sequence_file("s")), "deep");
-    EXPECT_EQ(id(deep_only.index.nested_sequence_file("inner")), "deep");
-
-    const auto both =
+    const auto parsed =
         parsed_text("<xmeml>" + sequence("s", clip_item(inner) + clip_item("<file id='own'/>")) + "</xmeml>");
-    EXPECT_EQ(id(both.index.nested_sequence_file("s")), "own");
+    EXPECT_EQ(in_clip_item(parsed, "s"), "own");
+    EXPECT_EQ(one_sequence_deeper(parsed, "s"), "deep");
+    EXPECT_EQ(in_clip_item(parsed, "inner"), "deep");
+    EXPECT_EQ(one_sequence_deeper(parsed, "inner"), "none");
 }
 
-TEST(nested_sequence_file, looks_no_two_sequences_deeper)
+TEST(first_file, stands_no_two_sequences_deeper)
 {
     const std::string innermost = sequence("c", clip_item("<file id='deep'/>"));
     const auto parsed =
         parsed_text("<xmeml>" + sequence("a", clip_item(sequence("b", clip_item(innermost)))) + "</xmeml>");
-    EXPECT_EQ(id(parsed.index.nested_sequence_file("a")), "none");
-    EXPECT_EQ(id(parsed.index.nested_sequence_file("b")), "deep");
+    EXPECT_EQ(in_clip_item(parsed, "a"), "none");
+    EXPECT_EQ(one_sequence_deeper(parsed, "a"), "none");
+    EXPECT_EQ(one_sequence_deeper(parsed, "b"), "deep");
 }
 
-TEST(nested_sequence_file, looks_into_every_sequence_of_that_id)
+TEST(first_file, stands_in_any_sequence_of_that_id)
 {
     const auto parsed =
         parsed_text("<xmeml><sequence id='s'/>" + sequence("s", clip_item("<file id='a'/>")) + "</xmeml>");
-    EXPECT_EQ(id(parsed.index.nested_sequence_file("s")), "a");
+    EXPECT_EQ(in_clip_item(parsed, "s"), "a");
 }
 
-TEST(nested_sequence_file, counts_a_deeper_sequence_without_id)
+TEST(first_file, counts_a_deeper_sequence_without_id)
 {
     const std::string inner = "<sequence>" + video_items(clip_item("<file id='deep'/>")) + "</sequence>";
     const auto parsed = parsed_text("<xmeml>" + sequence("s", clip_item(inner)) + "</xmeml>");
-    EXPECT_EQ(id(parsed.index.nested_sequence_file("s")), "deep");
-    EXPECT_EQ(id(parsed.index.nested_sequence_file("")), "none");
-}
-
-const std::string nested = "<clipitem><sequence/></clipitem>";
-
-struct copied_file {
-    parsed_xml parsed;
-    std::vector<xml_node> clip_items;
-
-    explicit copied_file(const std::string& items)
-        : parsed(parsed_text("<xmeml>" + sequence("s", items) + "<file id='copy'/></xmeml>")),
-          clip_items(parsed.document.root().child("sequence").all("media/video/track/clipitem"))
-    {
-    }
-
-    std::string first_after_adding_to(std::size_t position)
-    {
-        parsed.index.add_file_of_clip_item(
-            clip_items.at(position)
-                .child("sequence")
-                .insert_reference_before(parsed.document.root().child("file")));
-        return id(parsed.index.nested_sequence_file("s"));
-    }
-};
-
-TEST(add_file_of_clip_item, makes_a_file_known_where_there_was_none)
-{
-    copied_file copied(nested + nested);
-    EXPECT_EQ(id(copied.parsed.index.nested_sequence_file("s")), "none");
-    EXPECT_EQ(copied.first_after_adding_to(0), "copy");
-}
-
-TEST(add_file_of_clip_item, takes_the_place_of_a_later_file)
-{
-    copied_file copied(nested + "<clipitem><file id='own'/></clipitem>");
-    EXPECT_EQ(copied.first_after_adding_to(0), "copy");
-}
-
-TEST(add_file_of_clip_item, does_not_take_the_place_of_an_earlier_file)
-{
-    copied_file copied("<clipitem><file id='own'/></clipitem>" + nested + nested);
-    EXPECT_EQ(copied.first_after_adding_to(1), "own");
-    EXPECT_EQ(copied.first_after_adding_to(2), "own");
-}
-
-TEST(add_file_of_clip_item, leaves_the_list_of_files_alone)
-{
-    copied_file copied(nested);
-    copied.first_after_adding_to(0);
-    EXPECT_THAT(ids(copied.parsed.index.files), ElementsAre("copy"));
+    EXPECT_EQ(one_sequence_deeper(parsed, "s"), "deep");
+    EXPECT_EQ(in_clip_item(parsed, ""), "none");
 }
 
 } // namespace

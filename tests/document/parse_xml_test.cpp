@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "document/parse_xml.h"
-#include "platform/failures.h"
-#include "platform/gui_mode.h"
+#include "run/failures.h"
+#include "run/gui_mode.h"
 #include "support/counting_progress.h"
 #include "support/kept_diagnostics.h"
 #include "support/parsed_text.h"
+#include "support/small_files.h"
 #include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <fstream>
+#include <algorithm>
 
 namespace tallyframe {
 
@@ -52,9 +53,7 @@ class parsing_a_file : public parsing {
 protected:
     std::filesystem::path file(const std::string& name, const std::string& content)
     {
-        std::filesystem::path path = folder_.path() / name;
-        std::ofstream(path, std::ios::binary) << content;
-        return path;
+        return testing_support::write_file(path(name), content);
     }
     std::filesystem::path path(const std::string& name) const { return folder_.path() / name; }
 
@@ -67,6 +66,14 @@ std::string bad_lines(int count, const std::string& line)
     std::string text;
     for (int i = 0; i < count; ++i)
         text += line + "\n";
+    return text;
+}
+
+std::string utf_16(const std::string& latin_1)
+{
+    std::string text = "\xFF\xFE";
+    for (const char character : latin_1)
+        text.append({character, '\0'});
     return text;
 }
 
@@ -202,10 +209,7 @@ TEST_F(parsing, reads_the_ways_in_which_applications_write)
         "Zo\xC3\xAB");
     EXPECT_EQ(name_in("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><xmeml><name>Zo\xEB</name></xmeml>"),
               "Zo\xC3\xAB");
-    std::string utf_16 = "\xFF\xFE";
-    for (const char character : std::string("<xmeml><name>Zo\xEB</name></xmeml>"))
-        utf_16.append({character, '\0'});
-    EXPECT_EQ(name_in(utf_16), "Zo\xC3\xAB");
+    EXPECT_EQ(name_in(utf_16("<xmeml><name>Zo\xEB</name></xmeml>")), "Zo\xC3\xAB");
     EXPECT_THAT(messages(), IsEmpty());
 }
 
@@ -244,6 +248,144 @@ TEST_F(parsing, passes_on_what_the_host_throws)
     no_progress display;
     EXPECT_THAT([&] { parse_xml(std::string("<xmeml><name></nam></xmeml>"), out, display); },
                 ThrowsMessage<std::runtime_error>("the pipe is closed"));
+}
+
+// What is said of a document that was mended.
+
+std::vector<std::string> losses_in(const parsed_xml& parsed)
+{
+    return sentences_of(parsed.losses);
+}
+
+TEST_F(parsing, loses_nothing_of_a_proper_document)
+{
+    EXPECT_TRUE(
+        parse("<?xml version='1.0'?>\n<!DOCTYPE xmeml>\n<xmeml>\n <name>two\nlines</name>\n</xmeml>\n")
+            .losses.is_empty());
+    EXPECT_TRUE(parse(utf_16("<xmeml><name>a</name></xmeml>")).losses.is_empty());
+}
+
+TEST_F(parsing, tells_from_which_lines_it_dropped_characters)
+{
+    EXPECT_THAT(losses_in(parse("<xmeml>\n<name>Caf\xE9 noir\x01</name>\n\n<name>\x02</name></xmeml>")),
+                ElementsAre("2 lines of the document held bad characters and were mended (2, 4).",
+                            "3 bad characters were dropped from the document."));
+}
+
+TEST_F(parsing, tells_of_a_hole_that_took_a_clip)
+{
+    const std::string clip = "<clipitem><name>A</name></clipitem>\n";
+    const parsed_xml parsed =
+        parse("<xmeml>\n" + clip + std::string(clip.size() - 1, '\0') + "\n" + clip + "</xmeml>");
+    EXPECT_EQ(parsed.document.root().all("clipitem").size(), 2U);
+    EXPECT_THAT(losses_in(parsed),
+                ElementsAre("1 line of the document held bad characters and was mended (3).",
+                            "35 bad characters were dropped from the document."));
+}
+
+TEST_F(parsing, tells_what_a_bad_character_costs_a_document_in_utf_16)
+{
+    const parsed_xml parsed = parse(utf_16("<xmeml>\n<name>a\x01</name>\n</xmeml>"));
+    EXPECT_EQ(parsed.document.root().text_of("name"), "a");
+    EXPECT_EQ(parsed.losses.of(loss_kind::mended_lines).count, 3U);
+    EXPECT_GT(parsed.losses.of(loss_kind::dropped_characters).count, 30U);
+}
+
+TEST_F(parsing, tells_of_errors_that_it_passes_over)
+{
+    EXPECT_THAT(
+        losses_in(parse("<xmeml>\n<n:name/>\n<name>a</name>\n<n:a/><n:b/></xmeml>")),
+        ElementsAre("3 errors of the document were passed over: clips may be missing (line 2, line 4, …)."));
+    EXPECT_THAT(losses_in(parse("<!DOCTYPE xmeml SYSTEM 'x.dtd'>\n<xmeml><name>a&b;\x01</name></xmeml>")),
+                ElementsAre("1 line of the document held bad characters and was mended (2).",
+                            "1 bad character was dropped from the document.",
+                            "1 error of the document was passed over: clips may be missing (line 2)."));
+}
+
+TEST_F(parsing, tells_of_errors_that_joining_the_lines_made_go_away)
+{
+    const parsed_xml parsed = parse("<xmeml>\n<name>a</na\nme></xmeml>");
+    EXPECT_EQ(parsed.document.root().text_of("name"), "a");
+    EXPECT_THAT(losses_in(parsed),
+                ElementsAre("2 errors of the document were passed over: clips may be missing (line 3, …)."));
+}
+
+// A run that is stopped.
+
+/// How often loading looks at whether to go on; it is stopped at twenty of these looks.
+std::int64_t looks_in(const xml_input& input)
+{
+    const auto load = [&](testing_support::counting_progress& display) {
+        testing_support::kept_diagnostics out;
+        parse_xml(input, out, display);
+    };
+    testing_support::counting_progress undisturbed;
+    load(undisturbed);
+    for (std::int64_t part = 1; part <= 20; ++part) {
+        testing_support::counting_progress display;
+        display.stop_at_look = std::max<std::int64_t>(1, undisturbed.looks * part / 20);
+        EXPECT_THROW(load(display), run_cancelled) << part;
+        EXPECT_EQ(display.looks, display.stop_at_look);
+    }
+    return undisturbed.looks;
+}
+
+TEST_F(parsing_a_file, can_be_stopped_at_every_stage)
+{
+    std::string text = "<xmeml>";
+    for (int i = 0; i < 10'000; ++i)
+        text += "<name>a</name>";
+    const auto reads = static_cast<std::int64_t>(text.size() / 4000);
+    EXPECT_GT(looks_in(file("clean.xml", text + "</xmeml>")), reads + 10)
+        << "reading, then the walk over all elements";
+    EXPECT_GT(looks_in(file("damaged.xml", text + "<name>\x01\n<n:a/>\n\x7F</name></xmeml>")), 3 * reads + 10)
+        << "three parses";
+    EXPECT_GT(looks_in(text + "</xmeml>"), reads + 10) << "a text";
+}
+
+// What is no XML need not be read to its end.
+
+/// A file of `size` bytes that takes no room: a hole behind its beginning.
+void make_sparse(const std::filesystem::path& path, std::uintmax_t size)
+{
+    std::filesystem::resize_file(path, size);
+}
+
+TEST_F(parsing_a_file, tells_a_film_by_its_beginning)
+{
+    const std::filesystem::path film = file("film.mov",
+                                            std::string("\0\0\0\x14"
+                                                        "ftypqt  \xE9\n\0",
+                                                        15));
+    make_sparse(film, 3'000'000'000);
+    testing_support::kept_diagnostics out;
+    testing_support::counting_progress display;
+    EXPECT_THAT([&] { parse_xml(film, out, display); }, ThrowsMessage<load_error>("not xmeml"));
+    EXPECT_LT(display.looks, 20);
+    EXPECT_EQ(out.text, "1:1: FATAL: Start tag expected, '<' not found\n");
+}
+
+TEST_F(parsing_a_file, says_the_same_of_a_short_file_and_of_a_long_one_that_is_no_xml)
+{
+    for (const std::string& beginning : {std::string("plain text <a/>"), std::string("\x01 \xE9\n\r\t x"),
+                                         std::string("\xEF\xBB\xBF\xC3\nLog <"), std::string("\0\0", 2)}) {
+        const auto said_of = [&](const std::string& text) {
+            testing_support::kept_diagnostics out;
+            no_progress display;
+            EXPECT_THAT([&] { parse_xml(text, out, display); }, ThrowsMessage<load_error>("not xmeml"));
+            return out.text;
+        };
+        EXPECT_EQ(said_of(beginning), said_of(beginning + std::string(1'000'000, '\0'))) << beginning;
+    }
+}
+
+TEST_F(parsing, finds_a_document_behind_bad_characters)
+{
+    const std::string document = "<xmeml><name>a</name></xmeml>";
+    for (const std::string& before :
+         {std::string(100'000, '\0'), std::string("\xE9\n"), std::string("\x01 \xFF\r\n"),
+          std::string("\x02\xEF\xBB\xBF"), std::string(65'535, '\x01') + "\xC3\n"})
+        EXPECT_EQ(name_in(before + document), "a") << before.substr(0, 10);
 }
 
 TEST_F(parsing_a_file, gives_what_its_text_gives)

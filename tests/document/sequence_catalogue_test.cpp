@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "document/sequence_catalogue.h"
-#include "platform/failures.h"
+#include "run/failures.h"
 #include "support/parsed_text.h"
 
 #include <gmock/gmock.h>
@@ -69,7 +69,9 @@ TEST(sequence_catalogue, takes_the_first_name_as_it_is_written)
 TEST(sequence_catalogue, fails_for_a_sequence_without_a_name)
 {
     EXPECT_THAT([] { catalogue_of("<sequence><uuid>u7</uuid></sequence>"); },
-                testing::ThrowsMessage<load_error>(R"(The sequence "u7" has no name.)"));
+                testing::Throws<load_error>(testing::AllOf(
+                    testing::Property(&load_error::what, testing::StrEq(R"(The sequence "u7" has no name.)")),
+                    testing::Property(&load_error::fault, load_fault::unexpected))));
 }
 
 TEST(sequence_catalogue, fails_for_a_long_name_that_many_identifiers_share)

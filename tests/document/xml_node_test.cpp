@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "document/xml_node.h"
+#include "run/gui_mode.h"
+#include "support/counting_progress.h"
 #include "support/parsed_text.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <iterator>
 
 namespace tallyframe {
 
@@ -136,38 +140,25 @@ TEST_F(an_element, finds_descendants_in_document_order_and_not_itself)
     EXPECT_THAT(root.child("a").first_descendant("v").child("v").all_descendants("v"), ElementsAre());
 }
 
-TEST_F(an_element, takes_a_new_text_as_it_stands)
-{
-    const xml_node root = root_of("<a><b>old<c/>er</b><s>1</s></a>");
-    xml_node b = root.child("b");
-    b.set_text("R&B <i> &amp; \"x\"");
-    EXPECT_EQ(b.text(), "R&B <i> &amp; \"x\"");
-    EXPECT_FALSE(b.first_element());
-    EXPECT_EQ(b.markup(), "<b>R&amp;B &lt;i&gt; &amp;amp; \"x\"</b>");
-    b.set_text("");
-    EXPECT_EQ(b.text(), "");
-    root.child("s").set_text("a text too long to be stored in the place of the short one");
-    EXPECT_EQ(root.text_of("s"), "a text too long to be stored in the place of the short one");
-}
-
-TEST_F(an_element, takes_a_reference_to_another_before_itself)
-{
-    const xml_node root = root_of("<a><file id='f'><p>x</p></file><item><n/><sequence/></item></a>");
-    const xml_node reference = root.first("item/sequence").insert_reference_before(root.child("file"));
-    EXPECT_EQ(reference.parent(), root.child("item"));
-    EXPECT_EQ(root.child("item").markup(), "<item><n/><file id=\"f\"/><sequence/></item>");
-    EXPECT_EQ(root.child("file").markup(), "<file id=\"f\"><p>x</p></file>");
-}
-
 TEST_F(an_element, is_written_as_in_its_document)
 {
     const xml_node root = root_of("<a><b x='1'> s\n<c/>t&lt;é<!-- n --></b></a>");
     EXPECT_EQ(root.child("b").markup(), "<b x=\"1\"> s\n<c/>t&lt;é<!-- n --></b>");
 }
 
+TEST_F(an_element, gives_its_children_as_a_range)
+{
+    const xml_node root = root_of("<a> 1<b>2</b><!-- n --><c>3<d>4</d></c>5</a>");
+    std::vector<std::string> found;
+    for (const xml_node child : root.children())
+        found.push_back(child.text());
+    EXPECT_THAT(found, ElementsAre("2", "34"));
+    EXPECT_EQ(std::ranges::distance(root.child("b").children()), 0);
+}
+
 TEST(no_element, answers_with_none_or_nothing)
 {
-    xml_node none;
+    const xml_node none;
     EXPECT_FALSE(none);
     EXPECT_EQ(none.name(), "");
     EXPECT_EQ(none.text(), "");
@@ -176,11 +167,10 @@ TEST(no_element, answers_with_none_or_nothing)
     EXPECT_EQ(none.attribute("id"), std::nullopt);
     EXPECT_FALSE(none.parent() || none.previous_element() || none.next_element() || none.first_element());
     EXPECT_FALSE(none.has_children());
+    EXPECT_EQ(std::ranges::distance(none.children()), 0);
     EXPECT_FALSE(none.child("a") || none.first("a/b") || none.first_descendant("a"));
     EXPECT_TRUE(none.all("a").empty() && none.all_descendants("a").empty());
     EXPECT_EQ(none.text_of("a"), std::nullopt);
-    none.set_text("x");
-    EXPECT_FALSE(none.insert_reference_before(none));
     EXPECT_EQ(none.markup(), "");
     EXPECT_FALSE(next_in_document(none, none));
     EXPECT_FALSE(stands_before(none, none));
@@ -216,6 +206,39 @@ TEST(first_node_name, is_that_of_the_document_type_or_of_what_stands_first)
     EXPECT_EQ(parsed_text("<!-- made by hand --><xmeml/>").document.first_node_name(), "comment");
     EXPECT_EQ(xml_document().first_node_name(), "");
     EXPECT_FALSE(xml_document().root());
+}
+
+TEST(a_document, is_gone_when_it_was_given_up_or_freed)
+{
+    no_progress display;
+    for (const std::optional<bool> mode : {std::optional<bool>(), std::optional(false)}) {
+        gui_mode = mode;
+        xml_document given_up = parsed_text("<a/>").document;
+        given_up.give_up();
+        EXPECT_FALSE(given_up);
+        given_up.give_up();
+        xml_document freed = parsed_text("<a/>").document;
+        freed.free_before_going_on(display);
+        EXPECT_FALSE(freed);
+        freed.free_before_going_on(display);
+    }
+    gui_mode = std::nullopt;
+}
+
+TEST(a_document, is_not_waited_for_when_the_run_is_no_longer_wanted)
+{
+    std::string text = "<a>";
+    for (int i = 0; i < 200'000; ++i)
+        text += "<b/>";
+    xml_document document = parsed_text(text + "</a>").document;
+    testing_support::counting_progress display;
+    display.stop_at_look = 1;
+    try { // a machine that frees it at once does not look
+        document.free_before_going_on(display);
+    } catch (const run_cancelled&) {
+        EXPECT_EQ(display.looks, 1);
+    }
+    EXPECT_FALSE(document);
 }
 
 } // namespace

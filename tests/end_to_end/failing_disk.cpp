@@ -2,12 +2,15 @@
 // Loaded into the program (LD_PRELOAD), this makes its disk a bad one. What is wrong with it stands in the
 // environment:
 //
-//     DISK_FAULT    the call that fails (open, fwrite, fflush, fsync, fclose, rename); or "slow", then all of
-//                   them take their time; or "vanish", then DISK_FOLDER gets another name before the fsync
+//     DISK_FAULT    the call that fails (open, fwrite, fflush, fsync, fsync of folder, fclose, rename); or
+//                   "slow", then all of them take their time; or "vanish", then DISK_FOLDER gets another
+//                   name before the fsync; or "readdir", then DISK_FOLDER cannot be listed
 //     DISK_ERRNO    what it fails with
 //     DISK_ROOM     how many bytes can be written before fwrite fails
+//     DISK_LOG      a file that gets a line for each fsync and rename: "fsync file", "fsync folder", "rename"
 //
 // Only files that are open for writing are concerned, so that the program can read what it needs.
+#include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -17,6 +20,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -52,12 +56,36 @@ bool fails(std::string_view call)
     return true;
 }
 
+/// Adds a line to the log, if there is to be one.
+void note(const char* call)
+{
+    const int log = ::open(std::getenv("DISK_LOG") != nullptr ? std::getenv("DISK_LOG") : "",
+                           O_WRONLY | O_APPEND | O_CLOEXEC);
+    if (log < 0)
+        return;
+    dprintf(log, "%s\n", call);
+    close(log);
+}
+
+bool is_folder(int descriptor)
+{
+    struct stat status { };
+    return fstat(descriptor, &status) == 0 && S_ISDIR(status.st_mode);
+}
+
 bool is_written(std::FILE* file)
 {
     struct stat status { };
     const int descriptor = file != nullptr ? fileno(file) : -1;
     return descriptor >= 0 && fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode)
         && (fcntl(descriptor, F_GETFL) & O_ACCMODE) == O_WRONLY;
+}
+
+bool lists(DIR* entries, std::string_view folder)
+{
+    std::error_code unseen;
+    const std::string listed = "/proc/self/fd/" + std::to_string(dirfd(entries));
+    return std::filesystem::read_symlink(listed, unseen) == folder;
 }
 
 } // namespace
@@ -102,7 +130,8 @@ int fsync(int descriptor)
     const std::string folder(setting("DISK_FOLDER"));
     if (setting("DISK_FAULT") == "vanish")
         real<decltype(std::rename)>("rename")(folder.c_str(), (folder + ".gone").c_str());
-    if (fails("fsync"))
+    note(is_folder(descriptor) ? "fsync folder" : "fsync file");
+    if (fails(is_folder(descriptor) ? "fsync of folder" : "fsync"))
         return -1;
     return real<decltype(::fsync)>("fsync")(descriptor);
 }
@@ -114,9 +143,17 @@ int fclose(std::FILE* file)
     return is_concerned && fails("fclose") ? EOF : result;
 }
 
+dirent* readdir(DIR* entries)
+{
+    if (setting("DISK_FAULT") == "readdir" && lists(entries, setting("DISK_FOLDER")) && fails("readdir"))
+        return nullptr;
+    return real<decltype(::readdir)>("readdir")(entries);
+}
+
 int rename(const char* from, const char* to) noexcept
 {
-    if (fails("rename"))
+    note("rename");
+    if (fails("rename") || (std::string_view(to).ends_with(setting("DISK_NAME")) && fails("rename to")))
         return -1;
     return real<decltype(std::rename)>("rename")(from, to);
 }

@@ -111,7 +111,15 @@ class HostileDocuments(ReportRuns):
 
     def test_attributes_in_masses_are_refused(self):
         attributes = "".join(f" a{i}=''" for i in range(200_000))
-        self.assert_refused(document(f"<sequence{attributes}/>"), "more than 1,000 attributes")
+        for encoding in ("UTF-8", "UTF-16", "UTF-7", "cp037"):
+            with self.subTest(encoding=encoding):
+                text = document(f"<sequence{attributes}/>").replace("UTF-8", encoding, 1)
+                self.document.write_bytes(text.encode(encoding))
+                self.assert_refused(None, "more than 1,000 attributes")
+
+    def test_namespaces_in_masses_are_refused(self):
+        outer = "".join("<a" + "".join(f" xmlns:p{depth}x{i}='u'" for i in range(100)) + ">" for depth in range(200))
+        self.assert_refused(document(outer + "<p0x0:b/>" * 60_000 + "</a>" * 200), "more than 100 namespaces")
 
 
 if __name__ == "__main__":

@@ -123,6 +123,16 @@ class Limits(LimitRuns):
                         "The document holds a text of more than 10 million characters. Please shorten it, then export "
                         "the document again.")
 
+    def test_a_film_is_told_by_its_beginning(self):
+        for beginning in (b"\0\0\0\x14ftypqt  ", b"\x06\x0e\x2b\x34\x02\x05\x01\x01", b"RIFF\xff\xff\xff\xffAVI ", b""):
+            with self.subTest(beginning=beginning):
+                self.document.write_bytes(beginning)
+                os.truncate(self.document, 3_000 * MEGABYTE)
+                code, _, error = self.run_within_bounds([])
+                self.assertEqual((code, error.split("\n")[0]), (1, "tallyframe: not xmeml"))
+                if not self.is_sanitized():
+                    self.assertLess(self.peak, MEMORY_OF_ANY_RUN)
+
     def test_a_cell_holds_32767_characters(self):
         for character in ("x", "\u0416", "\U0001F3AC"):  # 1, 1 and 2 units of 16 bits
             units = len(character.encode("utf-16le")) // 2

@@ -1,5 +1,7 @@
 # SPDX-License-Identifier: MIT
-"""Reports with pictures and tags of real media files, made with the ffmpeg program: media_test.py PROGRAM"""
+"""Reports with pictures and tags of real media files, made with the ffmpeg program:
+media_test.py PROGRAM FAILING_DISK"""
+import errno
 import os
 import signal
 import subprocess
@@ -10,34 +12,16 @@ from pathlib import Path
 
 import xlrd
 
+from made_media import make_film, make_song
 from made_timelines import clip_item, document, sequence, timeline, track
 from report_runs import ReportRuns
 
-PROGRAM = sys.argv.pop(1)
+PROGRAM, FAILING_DISK = sys.argv.pop(1), sys.argv.pop(1)
 READ_BACK = Path(__file__).resolve().parents[1] / "workbook" / "read_back.py"
 WIDTH = 160
 BARS = 10  # a frame carries its number as ten bars: bar i is white when bit i is set
 TAG_HEADERS = ["Song Title", "Album", "Track #", "Year", "Musical Genre", "Authors", "Composer", "Producer"]
 NO_TAGS = [""] * len(TAG_HEADERS)
-
-
-def ffmpeg(*arguments):
-    subprocess.run(["ffmpeg", "-v", "error", "-nostdin", "-y", *map(str, arguments)], check=True)
-
-
-def make_film(path, frames=250):
-    path.parent.mkdir(parents=True, exist_ok=True)
-    bars = "geq=lum='if(mod(floor(N/pow(2,floor(X/16))),2),235,16)':cb=128:cr=128"
-    ffmpeg("-f", "lavfi", "-i", f"color=black:s=160x96:r=25,{bars},format=yuv420p", "-frames:v", frames,
-           "-c:v", "libx264", "-preset", "veryfast", "-g", 30, path)
-
-
-def make_song(path, *encoding):
-    path.parent.mkdir(parents=True, exist_ok=True)
-    tags = {"title": "Light", "album": "Weather", "artist": "Zoë Keene", "composer": "Ann Lee", "genre": "Ambient",
-            "date": "1999", "track": "7/12"}
-    ffmpeg("-f", "lavfi", "-i", "sine=duration=0.2",
-           *[part for tag in tags.items() for part in ("-metadata", "=".join(tag))], *encoding, path)
 
 
 def number_shown(jpeg):
@@ -94,6 +78,16 @@ class Reports(ReportRuns):
         height = xlrd.open_workbook(self.workbook, formatting_info=True).sheet_by_index(0).rowinfo_map[1].height
         self.assertEqual(height, 192 * 15, "320 × 192 pixels are 144 points, 2880 twips")
 
+    def test_no_place_for_temporary_files_costs_the_pictures_only(self):
+        make_film(self.film)
+        run = self.report(timeline([("Clip", self.film, 5), ("Other", self.film, 6)]), "--thumbnails", "--quiet",
+                          TMPDIR="/nowhere")
+        self.assertEqual(run.stderr.splitlines(),
+                         [f"Wrote {self.workbook}",
+                          "tallyframe: 2 rows have no picture, because the folder for temporary files takes none: "
+                          "set TMPDIR to another folder."])
+        self.assertEqual(xlrd.open_workbook(self.workbook).sheet_by_index(0).nrows, 3)
+
     def test_a_failed_run_leaves_no_trace(self):
         make_film(self.film)
         self.workbook = self.folder / "nowhere" / "Reel 1.xls"
@@ -129,6 +123,19 @@ class Reports(ReportRuns):
             sheet = xlrd.open_workbook(self.workbook).sheet_by_index(0)
             path_column = sheet.row_values(0).index("Source File Path")
             self.assertEqual(sheet.cell_value(1, path_column), "/Volumes/Media/Day 1/film.mov")
+
+    def test_a_folder_that_cannot_be_read_costs_only_what_is_in_it(self):
+        songs = [self.folder / "media" / f"Day {day}" / f"song {day}.mp3" for day in range(1, 10)]
+        for song in songs:
+            make_song(song)
+        unread = songs[4].parent
+        run = self.report(timeline([], [("Song", f"/Volumes/Media/{song.name}", 0) for song in songs]),
+                          "--media-search", self.folder / "media", LD_PRELOAD=FAILING_DISK,
+                          ASAN_OPTIONS="verify_asan_link_order=0", DISK_FAULT="readdir", DISK_FOLDER=str(unread),
+                          DISK_ERRNO=str(errno.EIO))
+        self.assertEqual([self.tags(row)[0] for row in range(1, 10)], 4 * ["Light"] + [""] + 4 * ["Light"])
+        self.assertIn(f'"media: cannot search {unread}: Input/output error"\n', run.stdout)
+        self.assertIn(f"tallyframe: 1 folder could not be searched for media ({unread}).\n", run.stderr)
 
     def test_a_name_that_is_no_file_name_has_no_picture(self):
         make_film(self.film)

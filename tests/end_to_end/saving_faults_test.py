@@ -36,8 +36,8 @@ FAULTS = [
     ("fsync", errno.ENOSPC, FULL),
     ("fclose", errno.EDQUOT, FULL),
     ("fclose", errno.EIO, BROKEN),
-    ("rename", errno.EACCES, REFUSED),
-    ("rename", errno.EIO, BROKEN),
+    ("rename to", errno.EACCES, REFUSED),
+    ("rename to", errno.EIO, BROKEN),
 ]
 
 
@@ -55,8 +55,9 @@ class SavingFaults(ReportRuns):
         self.workbook.write_bytes(OLD)
 
     def with_fault(self, call, *options, room=0, **more):
+        disk = {"DISK_FAULT": call, "DISK_NAME": ".xls", "DISK_ROOM": str(room), **more}
         return self.report(self.short_cut if options else self.cut, *options, LD_PRELOAD=FAILING_DISK,
-                           ASAN_OPTIONS="verify_asan_link_order=0", DISK_FAULT=call, DISK_ROOM=str(room), **more)
+                           ASAN_OPTIONS="verify_asan_link_order=0", **disk)
 
     def assert_refused(self, run, reason):
         self.assertEqual(run.stderr.splitlines(),
@@ -86,6 +87,17 @@ class SavingFaults(ReportRuns):
 
     def test_a_disk_that_cannot_be_told_to_write_takes_it_too(self):
         self.with_fault("fsync", DISK_ERRNO=str(errno.EINVAL))
+        self.assertEqual(xlrd.open_workbook(self.workbook).sheet_by_index(0).nrows, 201)
+
+    def test_the_file_is_on_the_disk_before_its_name_and_both_before_the_end(self):
+        log = self.folder / "log"
+        log.touch()
+        self.with_fault("none", DISK_LOG=str(log))
+        self.assertEqual(log.read_text().splitlines(), ["fsync file", "rename", "fsync folder"])
+
+    def test_a_folder_that_cannot_be_told_to_write_takes_nothing_back(self):
+        run = self.with_fault("fsync of folder", DISK_ERRNO=str(errno.EIO))
+        self.assertEqual(run.stderr, f"Wrote {self.workbook}\n")
         self.assertEqual(xlrd.open_workbook(self.workbook).sheet_by_index(0).nrows, 201)
 
     def test_the_folder_may_vanish_meanwhile(self):
@@ -120,13 +132,60 @@ class SavingFaults(ReportRuns):
         self.assertEqual((run.returncode, run.stdout), (0, ""), run.stderr)
         self.assertEqual(xlrd.open_workbook(self.workbook).sheet_by_index(0).nrows, 6)
 
-    def test_pictures_that_cannot_take_their_place_leave_no_trace(self):
-        place = self.desk / "Reel 1 thumbnails"
-        place.write_text("not a folder")
-        run = self.report(self.short_cut, "--thumbnails", "--keep-thumbnails", code=1)
-        self.assertIn("The thumbnails cannot be kept", run.stderr)
-        self.assertEqual(names_in(self.desk), ["Reel 1 thumbnails", "Reel 1.xls"])
+    def assert_not_kept(self, run, reason):
+        self.assertEqual(run.stderr.splitlines(),
+                         ["tallyframe: The report was not saved. Its thumbnails cannot be kept in "
+                          f'"{self.desk}/Reel 1 thumbnails": {reason}'])
         self.assertEqual(self.workbook.read_bytes(), OLD)
+
+    def older_pictures(self):
+        place = self.desk / "Reel 1 thumbnails"
+        place.mkdir()
+        (place / "0003 Clip 1.jpg").write_bytes(OLD)
+        return place
+
+    def test_pictures_whose_place_is_a_file_leave_no_trace(self):
+        (self.desk / "Reel 1 thumbnails").write_text("not a folder")
+        run = self.report(self.short_cut, "--thumbnails", "--keep-thumbnails", code=1)
+        self.assert_not_kept(run, "there is a file of this name. Move it, or choose another name for the workbook.")
+        self.assertEqual(names_in(self.desk), ["Reel 1 thumbnails", "Reel 1.xls"])
+
+    def test_pictures_that_a_folder_is_in_the_way_of_leave_no_trace(self):
+        place = self.older_pictures()
+        (place / "0005 Clip 3.jpg").mkdir()
+        run = self.report(self.short_cut, "--thumbnails", "--keep-thumbnails", code=1)
+        self.assert_not_kept(run, 'there is a folder "0005 Clip 3.jpg" in it. Move that, or choose another name for '
+                                  'the workbook.')
+        self.assertEqual(names_in(place), ["0003 Clip 1.jpg", "0005 Clip 3.jpg"])
+        self.assertEqual((place / "0003 Clip 1.jpg").read_bytes(), OLD)
+
+    def test_pictures_that_cannot_all_take_their_place_leave_no_trace(self):
+        for place in (None, self.older_pictures):
+            older = place and place()
+            run = self.with_fault("rename to", "--thumbnails", "--keep-thumbnails", DISK_ERRNO=str(errno.EIO),
+                                  DISK_NAME="thumbnails/0005 Clip 3.jpg", code=1)
+            self.assert_not_kept(run, "Input/output error. Choose another name or folder for the workbook.")
+            self.assertEqual(names_in(self.desk), [*(["Reel 1 thumbnails"] if older else []), "Reel 1.xls"])
+        self.assertEqual(names_in(older), ["0003 Clip 1.jpg"])
+        self.assertEqual((older / "0003 Clip 1.jpg").read_bytes(), OLD)
+
+    def test_pictures_go_back_when_the_workbook_cannot_take_its_place(self):
+        place = self.older_pictures()
+        run = self.with_fault("rename to", "--thumbnails", "--keep-thumbnails", DISK_ERRNO=str(errno.EIO), code=1)
+        self.assertEqual(run.stderr.splitlines(),
+                         [f'tallyframe: The workbook "{self.workbook}" was not saved: {BROKEN}'])
+        self.assertEqual(self.workbook.read_bytes(), OLD)
+        self.assertEqual(names_in(place), ["0003 Clip 1.jpg"])
+        self.assertEqual((place / "0003 Clip 1.jpg").read_bytes(), OLD)
+
+    def test_no_picture_replaces_a_media_file(self):
+        still = self.older_pictures() / "0003 Clip 1.jpg"
+        cut = timeline([("Clip 0", "/none.mov", 0), ("Clip 1", "/none.mov", 0), ("Still", still, 0)])
+        run = self.report(cut, "--thumbnails", "--keep-thumbnails", code=1)
+        self.assert_not_kept(run, 'the file "0003 Clip 1.jpg" in it belongs to the timeline. Choose another name '
+                                  'for the workbook.')
+        self.assertEqual(still.read_bytes(), OLD)
+        self.assertEqual(names_in(still.parent), ["0003 Clip 1.jpg"])
 
     def test_no_permission(self):
         program = self.folder / "tallyframe"

@@ -54,9 +54,11 @@ TEST(path_of_url, takes_a_text_without_a_scheme_as_a_relative_path)
     EXPECT_EQ(path_of_url(""), "");
 }
 
-TEST(path_of_url, drops_line_breaks_around_the_url)
+TEST(path_of_url, drops_blanks_and_line_breaks_around_the_url)
 {
     EXPECT_EQ(path_of_url("\n\t\tfile://localhost/a.mov\r\n"), "/a.mov");
+    EXPECT_EQ(path_of_url("  file://localhost/My clip.mov "), "/My clip.mov");
+    EXPECT_EQ(path_of_url("file://localhost/a.mov%20"), "/a.mov ") << "a blank that is written out is meant";
 }
 
 TEST(path_of_url, gives_nothing_for_bytes_that_are_not_utf8_once_decoded)

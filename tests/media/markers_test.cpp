@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "media/markers.h"
-#include "platform/failures.h"
+#include "run/failures.h"
 #include "support/counting_progress.h"
 #include "support/parsed_text.h"
 #include "support/xmeml_builder.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "media/media_files.h"
+#include "run/failures.h"
 #include "support/counting_progress.h"
 #include "support/parsed_text.h"
 #include "support/xmeml_builder.h"
@@ -66,9 +67,19 @@ TEST(media_files, counts_every_file_element_as_a_step)
 TEST(media_files, finds_the_first_of_two_files_with_one_id)
 {
     const files_info info = info_of(file(element("duration", 10)) + file(element("duration", 20)));
-    EXPECT_EQ(info.files.records().size(), 2U);
+    EXPECT_EQ(info.files.records().size(), 1U);
     EXPECT_EQ(info.files.find("f")->src_duration, 10);
     EXPECT_EQ(info.files.find("g"), nullptr);
+}
+
+// Six megabytes that took a gigabyte: the text of an element is that of all elements inside.
+TEST(media_files, refuses_texts_that_count_to_many_files_in_each_other)
+{
+    std::string text(6'000'000, 'x');
+    for (int i = 0; i < 60; ++i)
+        text = around("file", around("timecode", around("reel", around("name", text))));
+    EXPECT_THAT([&] { info_of(text); },
+                testing::ThrowsMessage<analysis_error>(testing::HasSubstr("more than 500 MB")));
 }
 
 TEST(media_files, gives_a_file_without_an_id_the_empty_one)
@@ -134,6 +145,10 @@ TEST(media_files, writes_the_frame_size_with_a_multiplication_sign)
     };
     EXPECT_EQ(size("<width>1920</width><height>1080</height>"), "1920 × 1080");
     EXPECT_EQ(size("<width>1920</width>"), std::nullopt);
+    EXPECT_EQ(size("<height>1080</height>"), std::nullopt);
+    EXPECT_EQ(size("<width/><height>1080</height>"), std::nullopt);
+    EXPECT_EQ(size("<width>1920</width><height>\n </height>"), std::nullopt);
+    EXPECT_EQ(size("<width></width><height></height>"), std::nullopt);
     EXPECT_EQ(file_record_of(file("<name/>")).frame_size, std::nullopt);
 }
 
@@ -177,7 +192,7 @@ TEST(media_files, takes_format_and_frame_from_anywhere_below)
     const file_record record =
         file_record_of(file("<media><x><frame>12</frame><displayformat>DF</displayformat></x></media>"));
     EXPECT_EQ(record.timecode_frame, 12);
-    EXPECT_EQ(record.displayformat, "DF");
+    EXPECT_EQ(record.displayformat, display_format::drop_frame);
 }
 
 TEST(media_files, rescales_a_timecode_to_the_rate_of_the_file)
@@ -260,12 +275,14 @@ TEST(media_files, takes_an_empty_name_for_a_reel)
 TEST(media_files, shows_an_audio_file_that_starts_at_zero_as_non_drop)
 {
     const std::string start = "<frame>0</frame><displayformat>DF</displayformat>";
-    EXPECT_EQ(file_record_of(file(timecode("", "", start))).displayformat, "NDF");
-    EXPECT_EQ(file_record_of(file(timecode("", "", start) + "<media><audio/></media>")).displayformat, "NDF");
-    EXPECT_EQ(file_record_of(file(timecode("", "", start) + "<media><video/></media>")).displayformat, "DF");
+    EXPECT_EQ(file_record_of(file(timecode("", "", start))).displayformat, display_format::non_drop_frame);
+    EXPECT_EQ(file_record_of(file(timecode("", "", start) + "<media><audio/></media>")).displayformat,
+              display_format::non_drop_frame);
+    EXPECT_EQ(file_record_of(file(timecode("", "", start) + "<media><video/></media>")).displayformat,
+              display_format::drop_frame);
     EXPECT_EQ(file_record_of(file(timecode("", "", "<frame>5</frame><displayformat>DF</displayformat>")))
                   .displayformat,
-              "DF");
+              display_format::drop_frame);
 }
 
 TEST(media_files, takes_the_path_from_the_url)

@@ -21,7 +21,7 @@ using testing::IsEmpty;
 using testing::Not;
 using enum time_format;
 
-const sequence_clock clock_at_25 = {25, "NDF"};
+const sequence_clock clock_at_25 = {25, display_format::non_drop_frame};
 const std::vector<time_format> all_formats = {timecode, clock, frames, feet_and_frames, seconds};
 
 /// Exactly these columns on.
@@ -220,7 +220,7 @@ TEST(clip_columns, show_source_times_at_the_rate_of_the_media)
     auto clip = test::clip("Clip", "V1", 0, 24);
     clip.src_start_frame = 1800;
     clip.fcp_rate = frame_rate{29.97, true};
-    clip.displayformat = "DF";
+    clip.displayformat = display_format::drop_frame;
     EXPECT_THAT(row_of(columns_for(options), clip),
                 ElementsAre("Clip", "00:01:00;02", "00:01:00", "number 1800.0", "0112+08", "number 60.060"));
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "platform/failures.h"
 #include "report/column_switches.h"
+#include "run/failures.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -4,21 +4,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <string>
-
 namespace tallyframe {
 namespace {
 
 using testing::ElementsAre;
-
-TEST(text_length, counts_characters_and_not_bytes)
-{
-    EXPECT_EQ(text_length(""), 0U);
-    EXPECT_EQ(text_length("Clip"), 4U);
-    EXPECT_EQ(text_length("Zo\u00eb"), 3U);
-    EXPECT_EQ(text_length("\u65e5\u672c\u8a9e"), 3U);
-    EXPECT_EQ(text_length("\U0001F3AC"), 1U);
-}
 
 TEST(column_widths, grow_to_the_longest_text)
 {

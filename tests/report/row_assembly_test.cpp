@@ -19,7 +19,7 @@ std::vector<std::string> named(const auto& records)
     std::vector<std::string> names;
     names.reserve(records.size());
     for (const auto* record : records)
-        names.push_back(record->track + " " + *record->name);
+        names.push_back(record->place.track + " " + *record->name);
     return names;
 }
 
@@ -28,7 +28,7 @@ std::vector<std::string> tracks_of(const auto& records)
     std::vector<std::string> tracks;
     tracks.reserve(records.size());
     for (const auto* record : records)
-        tracks.push_back(record->track);
+        tracks.push_back(record->place.track);
     return tracks;
 }
 
@@ -131,9 +131,9 @@ TEST(assemble_rows, lists_a_generator_among_the_clips_and_among_the_generators)
     EXPECT_THAT(named(rows.generators), ElementsAre("V1 Title"));
     ASSERT_THAT(named(rows.clip_data_array), ElementsAre("V1 Title"));
     const clip_record& row = *rows.clip_data_array.front();
-    EXPECT_EQ(row.seq_start_frame, 10);
-    EXPECT_EQ(row.seq_end_frame, 19);
-    EXPECT_EQ(row.seq_length, 10);
+    EXPECT_EQ(row.place.seq_start_frame, 10);
+    EXPECT_EQ(row.place.seq_end_frame, 19);
+    EXPECT_EQ(row.place.seq_length, 10);
     EXPECT_EQ(row.type, "Slug");
     EXPECT_EQ(row.enabled, "FALSE");
     EXPECT_EQ(row.notes.label, std::nullopt);

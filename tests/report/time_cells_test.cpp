@@ -7,6 +7,8 @@
 namespace tallyframe {
 namespace {
 
+using enum display_format;
+
 using testing::ElementsAre;
 
 const cell_value no_cell;
@@ -31,28 +33,28 @@ TEST(adjusted_header, shows_the_adjustment_with_its_sign)
 
 TEST(time_cell, shows_a_time_in_each_format)
 {
-    EXPECT_EQ(time_cell(time_format::timecode, 100, 25, "NDF"), text("00:00:04:00"));
-    EXPECT_EQ(time_cell(time_format::clock, 100, 25, "NDF"), text("00:00:04"));
-    EXPECT_EQ(time_cell(time_format::frames, 100, 25, "NDF"), cell_value(100.0));
-    EXPECT_EQ(time_cell(time_format::feet_and_frames, 100, 25, "NDF"), text("0006+04"));
-    EXPECT_EQ(time_cell(time_format::seconds, 90, 25, "NDF"), cell_value(3.6));
+    EXPECT_EQ(time_cell(time_format::timecode, 100, 25, non_drop_frame), text("00:00:04:00"));
+    EXPECT_EQ(time_cell(time_format::clock, 100, 25, non_drop_frame), text("00:00:04"));
+    EXPECT_EQ(time_cell(time_format::frames, 100, 25, non_drop_frame), cell_value(100.0));
+    EXPECT_EQ(time_cell(time_format::feet_and_frames, 100, 25, non_drop_frame), text("0006+04"));
+    EXPECT_EQ(time_cell(time_format::seconds, 90, 25, non_drop_frame), cell_value(3.6));
 }
 
 TEST(time_cell, of_no_time_is_an_empty_text_or_no_cell)
 {
-    EXPECT_EQ(time_cell(time_format::timecode, std::nullopt, 25, "NDF"), text(""));
-    EXPECT_EQ(time_cell(time_format::clock, std::nullopt, 25, "NDF"), text(""));
-    EXPECT_EQ(time_cell(time_format::frames, std::nullopt, 25, "NDF"), no_cell);
-    EXPECT_EQ(time_cell(time_format::feet_and_frames, std::nullopt, 25, "NDF"), text(""));
-    EXPECT_EQ(time_cell(time_format::seconds, std::nullopt, 25, "NDF"), no_cell);
+    EXPECT_EQ(time_cell(time_format::timecode, std::nullopt, 25, non_drop_frame), text(""));
+    EXPECT_EQ(time_cell(time_format::clock, std::nullopt, 25, non_drop_frame), text(""));
+    EXPECT_EQ(time_cell(time_format::frames, std::nullopt, 25, non_drop_frame), no_cell);
+    EXPECT_EQ(time_cell(time_format::feet_and_frames, std::nullopt, 25, non_drop_frame), text(""));
+    EXPECT_EQ(time_cell(time_format::seconds, std::nullopt, 25, non_drop_frame), no_cell);
 }
 
 TEST(time_cell, without_a_usable_rate_holds_nothing)
 {
-    EXPECT_EQ(time_cell(time_format::timecode, 100, 0, "NDF"), text(""));
-    EXPECT_EQ(time_cell(time_format::seconds, 100, 0, "NDF"), no_cell);
-    EXPECT_EQ(time_cell(time_format::seconds, 100, std::nullopt, "NDF"), no_cell);
-    EXPECT_EQ(time_cell(time_format::clock, 100, std::nullopt, "NDF"), text(""));
+    EXPECT_EQ(time_cell(time_format::timecode, 100, 0, non_drop_frame), text(""));
+    EXPECT_EQ(time_cell(time_format::seconds, 100, 0, non_drop_frame), no_cell);
+    EXPECT_EQ(time_cell(time_format::seconds, 100, std::nullopt, non_drop_frame), no_cell);
+    EXPECT_EQ(time_cell(time_format::clock, 100, std::nullopt, non_drop_frame), text(""));
 }
 
 TEST(time_cell, writes_frames_whole_and_seconds_with_decimals)

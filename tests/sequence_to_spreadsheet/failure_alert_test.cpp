@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/application.h"
-#include "platform/failures.h"
+#include "run/failures.h"
 #include "sequence_to_spreadsheet/failure_alert.h"
 
 #include <gmock/gmock.h>
@@ -10,15 +10,34 @@ namespace tallyframe {
 
 TEST(alert_for, tells_a_broken_document_from_another_kind_of_file)
 {
-    const failure_alert broken = alert_for(load_error(fatal_error_message));
+    const failure_alert broken = alert_for(load_error(load_fault::fatal_error));
     EXPECT_EQ(broken.message_text, "This XML file is incomplete or broken");
     EXPECT_EQ(broken.informative_text, "Please export the XML file again.");
     EXPECT_EQ(broken.system_log_text, "");
 
-    const failure_alert other = alert_for(load_error(not_xmeml_message));
+    const failure_alert other = alert_for(load_error(load_fault::not_xmeml));
     EXPECT_EQ(other.message_text, "This is not a Final Cut Pro XML file");
     EXPECT_EQ(other.informative_text,
               "Please choose an XML file exported from\nPremiere Pro CC or Final Cut Pro.");
+}
+
+TEST(alert_for, says_the_sentence_of_a_refusal)
+{
+    const failure_alert refusal = alert_for(load_error("It is a folder."));
+    EXPECT_EQ(refusal.message_text, "This XML file cannot be opened");
+    EXPECT_EQ(refusal.informative_text, "It is a folder.");
+    EXPECT_EQ(refusal.system_log_text, "");
+}
+
+TEST(alert_for, asks_for_a_document_that_no_application_writes)
+{
+    const failure_alert alert = alert_for(load_error("It has no name.", load_fault::unexpected));
+    EXPECT_THAT(alert.informative_text, testing::HasSubstr("body text:\n\n\tIt has no name.\n"));
+}
+
+TEST(alert_for, goes_by_kinds_and_not_by_words)
+{
+    EXPECT_EQ(alert_for(failure("not xmeml")).message_text, "There was a problem converting this XML");
 }
 
 TEST(alert_for, asks_for_the_document_after_an_unexpected_failure)
@@ -26,8 +45,8 @@ TEST(alert_for, asks_for_the_document_after_an_unexpected_failure)
     const analysis_error error("This sequence has no timebase");
     const std::string trace = error.location_trace();
     const std::string version(application::short_version);
-    const failure_alert alert = alert_for(error, " while testing");
-    EXPECT_EQ(alert.message_text, "There was a problem converting this XML while testing");
+    const failure_alert alert = alert_for(error);
+    EXPECT_EQ(alert.message_text, "There was a problem converting this XML");
     EXPECT_EQ(alert.informative_text,
               "Please zip up the XML file and email it with the subject “Tallyframe " + version
                   + " error” to " + std::string(application::support_address)

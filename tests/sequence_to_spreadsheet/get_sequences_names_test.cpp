@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "platform/failures.h"
-#include "platform/gui_mode.h"
+#include "run/failures.h"
+#include "run/gui_mode.h"
 #include "sequence_to_spreadsheet/sequence_to_spreadsheet.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <new>
 
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -21,6 +23,7 @@ public:
     std::vector<std::string> calls;
     std::vector<std::string> system_log;
     std::string alert_text;
+    bool has_memory = true;
 
     void show(std::string_view message_text, std::string_view informative_text) override
     {
@@ -29,17 +32,15 @@ public:
     }
     void write_system_log(std::string_view text) override { system_log.emplace_back(text); }
 
-    void remove_all_items() override { calls.emplace_back("remove all"); }
-    void add_item(std::string_view title) override { calls.emplace_back("item " + std::string(title)); }
-    void add_separator() override { calls.emplace_back("separator"); }
     void set_enabled(bool enabled) override { calls.emplace_back(enabled ? "enable" : "disable"); }
-    void reload_track_tables() override { calls.emplace_back("reload tables"); }
     void analyze_sequence() override { calls.emplace_back("analyze"); }
 
     void begin(std::int64_t) override { }
     void advance(std::string_view) override { }
     void show_message(std::string_view message) override
     {
+        if (!has_memory)
+            throw std::bad_alloc();
         calls.emplace_back("message " + std::string(message));
     }
     void spin(std::string_view) override { }
@@ -58,6 +59,14 @@ protected:
         std::vector<std::string> texts;
         for (const catalogue_entry& entry : session.menu)
             texts.push_back(entry.uuid);
+        return texts;
+    }
+
+    std::vector<std::string> titles() const
+    {
+        std::vector<std::string> texts;
+        for (const catalogue_entry& entry : session.menu)
+            texts.push_back(entry.title);
         return texts;
     }
 
@@ -84,16 +93,17 @@ std::string xmeml(const std::string& content)
 TEST_F(get_sequences_names_, lists_bin_clips_a_separator_and_the_sequences)
 {
     open(xmeml(loose_clip + sequence("One", "U-1") + sequence("Two", "U-2")));
-    EXPECT_THAT(host.calls,
-                ElementsAre("remove all", "reload tables", "item Bin Clips", "separator", "item One",
-                            "item Two", "enable"));
+    EXPECT_THAT(titles(), ElementsAre("Bin Clips", "", "One", "Two"));
+    EXPECT_TRUE(session.menu.at(1).is_separator());
+    EXPECT_THAT(host.calls, ElementsAre("enable"));
     EXPECT_THAT(uuids(), ElementsAre("", "----------", "U-1", "U-2"));
 }
 
 TEST_F(get_sequences_names_, starts_the_analysis_of_a_single_sequence)
 {
     open(xmeml(sequence("One", "U-1")));
-    EXPECT_THAT(host.calls, ElementsAre("remove all", "reload tables", "item One", "enable", "analyze"));
+    EXPECT_THAT(titles(), ElementsAre("One"));
+    EXPECT_THAT(host.calls, ElementsAre("enable", "analyze"));
 }
 
 TEST_F(get_sequences_names_, starts_the_analysis_of_loose_clips_alone)
@@ -131,11 +141,9 @@ TEST_F(get_sequences_names_, finds_sequences_inside_sequences_but_none_without_a
 
 TEST_F(get_sequences_names_, alerts_about_a_sequence_without_a_name_and_leaves_the_menu_empty)
 {
-    session.error_tracker = " while reading names";
     open(xmeml("<sequence><uuid>U-1</uuid></sequence>"));
-    EXPECT_THAT(
-        host.alert_text,
-        HasSubstr("There was a problem converting this XML while reading names|Please zip up the XML file"));
+    EXPECT_THAT(host.alert_text,
+                HasSubstr("There was a problem converting this XML|Please zip up the XML file"));
     EXPECT_THAT(session.menu, IsEmpty());
     EXPECT_EQ(host.system_log.size(), 1U);
 }
@@ -147,13 +155,28 @@ TEST_F(get_sequences_names_, alerts_about_a_file_that_is_no_document)
               "This is not a Final Cut Pro XML file|Please choose an XML file exported from\n"
               "Premiere Pro CC or Final Cut Pro.");
     EXPECT_THAT(host.system_log, IsEmpty());
-    EXPECT_THAT(host.calls, ElementsAre("remove all", "reload tables", testing::_, "end progress", "alert"));
+    EXPECT_THAT(host.calls, ElementsAre(HasSubstr("message"), "end progress", "alert"));
 }
 
 TEST_F(get_sequences_names_, alerts_about_a_broken_document)
 {
     open("<xmeml><sequence><name>Cut");
     EXPECT_EQ(host.alert_text, "This XML file is incomplete or broken|Please export the XML file again.");
+}
+
+TEST_F(get_sequences_names_, alerts_about_a_document_that_is_refused_with_what_to_do)
+{
+    std::string deep;
+    for (int i = 0; i < 300; ++i)
+        deep += "<bin>";
+    for (int i = 0; i < 300; ++i)
+        deep += "</bin>";
+    open(xmeml(deep));
+    EXPECT_EQ(
+        host.alert_text,
+        "This XML file cannot be opened|The document nests elements more than 256 deep. Please export a "
+        "simpler sequence.");
+    EXPECT_THAT(host.system_log, IsEmpty());
 }
 
 TEST_F(get_sequences_names_, shows_the_mending_of_bad_characters)
@@ -178,6 +201,14 @@ TEST_F(get_sequences_names_, passes_failures_on_in_a_command_line_run)
     EXPECT_THROW(open(""), load_error);
     EXPECT_THAT(host.calls, Not(testing::Contains("alert")));
     EXPECT_THAT(host.calls, Not(testing::Contains(HasSubstr("message"))));
+}
+
+TEST_F(get_sequences_names_, passes_a_lack_of_memory_on_to_whoever_can_say_what_helps)
+{
+    host.has_memory = false;
+    EXPECT_THROW(open("<xmeml><name>\xe9</name></xmeml>"), std::bad_alloc);
+    EXPECT_EQ(host.alert_text, "");
+    EXPECT_THAT(session.menu, IsEmpty());
 }
 
 TEST_F(get_sequences_names_, alerts_too_while_no_host_has_said_what_it_is)

@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include "platform/failures.h"
+#include "run/failures.h"
 #include "sequence_to_spreadsheet/save_excel.h"
+#include "support/absent_media.h"
 #include "support/counting_progress.h"
 #include "support/records.h"
+#include "support/small_files.h"
 #include "support/temporary_folder.h"
 #include "support/workbook_content.h"
-#include "workbook/workbook.h"
+#include "writers/writer.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <set>
 #include <sstream>
 #include <string>
@@ -21,6 +22,7 @@ namespace {
 namespace test = testing_support;
 
 using testing::ElementsAre;
+using testing::ThrowsMessage;
 
 track_checkboxes all_ticked(std::size_t count)
 {
@@ -29,35 +31,20 @@ track_checkboxes all_ticked(std::size_t count)
     return checkboxes;
 }
 
-/// A sequence with something for every sheet.
-analysis_result sequence_for_every_sheet()
-{
-    auto analysis = test::sequence_at_25();
-    analysis.video_clip_data_array = {test::full_clip()};
-    analysis.audio_clip_data_array = {test::clip_of_file("/song.wav", "A1", 0, 49)};
-    analysis.generatoritem_array = {test::generator("Title", "V1", 0, 9),
-                                    test::generator("Slug", "V1", 10, 19)};
-    analysis.video_transition_array = {test::transition("Wipe", true, "V1")};
-    analysis.audio_transition_array = {test::transition("Cross Fade", true, "A1")};
-    analysis.video_clip_filter_array = {test::filter("Blur", true, "V1")};
-    analysis.video_clip_motion_array = {test::motion("Scale (50%)", "V1")};
-    analysis.video_clip_marker_array = {test::clip_marker("Note", "V1", 3)};
-    analysis.seq_markers_data_array = {test::sequence_marker("Start", 0), test::sequence_marker("End", 99)};
-    analysis.reels_array = {{"A001", 0}, {"B002", 0}};
-    return analysis;
-}
-
 struct report_run {
     test::temporary_folder folder;
     std::filesystem::path path = folder.path() / "report.xls";
-    analysis_result analysis = sequence_for_every_sheet();
+    analysis_result analysis = test::sequence_for_every_sheet();
     report_options options;
     track_checkboxes video = all_ticked(1);
     track_checkboxes audio = all_ticked(1);
     no_diagnostics out;
     test::counting_progress display;
 
-    void save() { save_excel(analysis, video, audio, options, path, {out, display}); }
+    account save(const media_services* media = nullptr)
+    {
+        return save_excel(analysis, video, audio, options, path, {out, display, nullptr, media});
+    }
 
     test::workbook_content saved()
     {
@@ -86,13 +73,6 @@ std::set<std::string> row_colors(const test::sheet_content& sheet)
             colors.insert(color);
     }
     return colors;
-}
-
-std::string bytes_of(const std::filesystem::path& file)
-{
-    std::ostringstream bytes;
-    bytes << std::ifstream(file, std::ios::binary).rdbuf();
-    return bytes.str();
 }
 
 TEST(save_excel, writes_every_sheet_in_order)
@@ -209,10 +189,10 @@ TEST(save_excel, leaves_nothing_behind_when_it_is_stopped)
 TEST(save_excel, leaves_an_older_report_as_it_was_when_it_is_stopped)
 {
     report_run run;
-    std::ofstream(run.path) << "older";
+    test::write_file(run.path, "older");
     run.display.stop_at = 5;
     EXPECT_THROW(run.save(), run_cancelled);
-    EXPECT_EQ(bytes_of(run.path), "older");
+    EXPECT_EQ(test::content_of(run.path), "older");
 }
 
 TEST(save_excel, passes_on_that_a_sheet_has_too_many_rows)
@@ -223,7 +203,7 @@ TEST(save_excel, passes_on_that_a_sheet_has_too_many_rows)
     try {
         run.save();
         FAIL() << "nothing thrown";
-    } catch (const xls::too_many_rows& error) {
+    } catch (const sheet_too_long& error) {
         EXPECT_EQ(error.sheet, "All Reels");
     }
     EXPECT_TRUE(std::filesystem::is_empty(run.folder.path()));
@@ -233,7 +213,8 @@ TEST(save_excel, refuses_a_row_colour_that_is_none)
 {
     report_run run;
     run.options.audio_row_color = "octarine";
-    EXPECT_THROW(run.save(), xls::workbook_error);
+    EXPECT_THAT([&] { run.save(); },
+                ThrowsMessage<failure>("The color \"octarine\" is not known. Give a color name or #RRGGBB."));
     EXPECT_TRUE(std::filesystem::is_empty(run.folder.path()));
 }
 
@@ -243,8 +224,36 @@ TEST(save_excel, writes_the_same_bytes_each_time)
     report_run second;
     first.save();
     second.save();
-    EXPECT_EQ(bytes_of(first.path), bytes_of(second.path));
-    EXPECT_GT(bytes_of(first.path).size(), 10000U);
+    EXPECT_EQ(test::content_of(first.path), test::content_of(second.path));
+    EXPECT_GT(test::content_of(first.path).size(), 10000U);
+}
+
+TEST(save_excel, gives_an_empty_account_when_nothing_is_lost)
+{
+    report_run run;
+    EXPECT_TRUE(run.save().is_empty());
+}
+
+TEST(save_excel, tells_which_texts_were_cut)
+{
+    report_run run;
+    run.analysis.video_clip_data_array.front().notes.description = std::string(40'000, 'x');
+    run.analysis.seq_markers_data_array.front().comment = std::string(32'768, 'y');
+    run.analysis.seq_markers_data_array.back().comment = std::string(32'767, 'z');
+    EXPECT_THAT(sentences_of(run.save()),
+                ElementsAre("2 texts were cut at the 32,767 characters that a cell takes "
+                            "(All Reels, row 5, Sequence Markers, row 2)."));
+}
+
+TEST(save_excel, tells_of_missing_media_only_when_media_is_asked_for)
+{
+    report_run run;
+    test::no_media nowhere;
+    test::no_audio_tags tags;
+    media_services media{nowhere, tags};
+    EXPECT_TRUE(run.save(&media).is_empty()) << "whoever makes lists need not have the media";
+    media.is_asked_for = true;
+    EXPECT_THAT(sentences_of(run.save(&media)), ElementsAre("1 media file was not found (/song.wav)."));
 }
 
 TEST(save_excel, leaves_out_disabled_clips_on_request)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "sheets/clip_rows.h"
+#include "sheets/made_report.h"
 #include "sheets/reel_sheets.h"
-#include "sheets/written_report.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -19,9 +19,9 @@ clip_record stereo(const std::string& track, std::int64_t start = 0)
     return test::clip_of_file("/song.wav", track, start, start + 49);
 }
 
-test::sheet_content clips_sheet(test::written_report& report)
+test::shown_sheet clips_sheet(test::made_report& report)
 {
-    return report.write({write_clips_sheet}).sheet("All Reels");
+    return report.make({add_clips_sheet}).sheet("All Reels");
 }
 
 class every_file_is_there final : public media_locator {
@@ -32,27 +32,31 @@ public:
 /// Reads from every file a title, an album, a year and two authors.
 class reader_without_track_numbers final : public audio_tag_reader {
 public:
-    std::string raw_tags(const std::filesystem::path&) override
+    std::optional<audio_tags> tags_of(const std::filesystem::path&) override
     {
-        using namespace std::string_literals;
-        return "Weather\0\0(\n    \"Ann\",\n    \"Bo\"\n)\0\0\0\0001999\0A title that widens its column\0"s;
+        audio_tags tags;
+        tags.song_title = "A title that widens its column";
+        tags.album = "Weather";
+        tags.year = 1999;
+        tags.authors = "Ann,, Bo";
+        return tags;
     }
 };
 
 TEST(clips_sheet, has_its_header_frozen_though_there_are_no_clips)
 {
-    test::written_report report;
+    test::made_report report;
     const auto sheet = clips_sheet(report);
     EXPECT_EQ(sheet.row_count(), 1U);
     EXPECT_EQ(sheet.cell(0, 0).text, "Track");
     EXPECT_EQ(sheet.cell(0, 32).text, "Producer");
     EXPECT_THAT(sheet.looks(0), ElementsAre(test::header_look));
-    EXPECT_EQ(sheet.frozen, std::pair(1, 0));
+    EXPECT_EQ(sheet.frozen_rows, 1U);
 }
 
 TEST(clips_sheet, writes_a_clip_with_its_formats)
 {
-    test::written_report report;
+    test::made_report report;
     report.options.timeline_time_columns = {time_format::timecode, time_format::frames, time_format::seconds};
     report.show_only({"Track", "Enabled", "Sequence In", "Description"});
     report.analysis.video_clip_data_array = {test::full_clip()};
@@ -68,14 +72,14 @@ TEST(clips_sheet, writes_a_clip_with_its_formats)
 
 TEST(clips_sheet, writes_audio_rows_in_their_colour)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.audio_clip_data_array = {stereo("A1")};
     EXPECT_THAT(clips_sheet(report).looks(1), ElementsAre(test::audio_text, test::audio_center));
 }
 
 TEST(clips_sheet, shows_blank_cells_for_what_a_clip_lacks)
 {
-    test::written_report report;
+    test::made_report report;
     report.show_only({"Source Reel Name", "Source In"});
     report.analysis.generatoritem_array = {test::generator("Title", "V1", 0, 9)};
     const auto sheet = clips_sheet(report);
@@ -86,7 +90,7 @@ TEST(clips_sheet, shows_blank_cells_for_what_a_clip_lacks)
 
 TEST(clips_sheet, shows_no_label_for_generators_not_even_none)
 {
-    test::written_report report;
+    test::made_report report;
     report.show_only({"Labels"});
     report.analysis.generatoritem_array = {test::generator("Title", "V1", 0, 9)};
     report.analysis.video_clip_data_array = {test::clip("Shot", "V1", 10, 19)};
@@ -95,7 +99,7 @@ TEST(clips_sheet, shows_no_label_for_generators_not_even_none)
 
 TEST(clips_sheet, shows_a_disabled_clip_with_a_blank_check_mark)
 {
-    test::written_report report;
+    test::made_report report;
     report.show_only({"Enabled"});
     report.analysis.video_clip_data_array = {test::clip("Shot", "V1", 10, 19)};
     report.analysis.video_clip_data_array.front().enabled = "FALSE";
@@ -106,7 +110,7 @@ TEST(clips_sheet, shows_a_disabled_clip_with_a_blank_check_mark)
 
 TEST(clips_sheet, leaves_the_source_times_of_stills_without_cells)
 {
-    test::written_report report;
+    test::made_report report;
     report.show_only({"Source In", "Frame Size"});
     report.analysis.video_clip_data_array = {test::full_clip()};
     report.analysis.video_clip_data_array.front().isImage = true;
@@ -115,7 +119,7 @@ TEST(clips_sheet, leaves_the_source_times_of_stills_without_cells)
 
 TEST(clips_sheet, joins_the_channels_of_a_stereo_clip_and_numbers_rows_without_gaps)
 {
-    test::written_report report;
+    test::made_report report;
     report.show_only({"Row Numbers", "Track"});
     report.analysis.audio_clip_data_array = {stereo("A1"), stereo("A2"), stereo("A3"), stereo("A1", 50)};
     report.analysis.video_clip_data_array = {test::clip("Shot", "V1", 100, 149)};
@@ -127,7 +131,7 @@ TEST(clips_sheet, joins_the_channels_of_a_stereo_clip_and_numbers_rows_without_g
 
 TEST(clips_sheet, does_not_join_sound_and_picture)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.audio_clip_data_array = {stereo("A1")};
     report.analysis.video_clip_data_array = {stereo("V1")};
     EXPECT_EQ(clips_sheet(report).row_count(), 3U);
@@ -135,19 +139,19 @@ TEST(clips_sheet, does_not_join_sound_and_picture)
 
 TEST(clips_sheet, makes_a_step_for_each_clip_though_it_shares_a_row)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.audio_clip_data_array = {stereo("A1"), stereo("A2")};
     clips_sheet(report);
-    EXPECT_EQ(report.display.steps, 2);
+    EXPECT_EQ(report.steps, 2U);
 }
 
 TEST(clips_sheet, sums_up_the_files_of_the_rows_that_it_writes)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.audio_clip_data_array = {stereo("A1"), stereo("A2"), stereo("A1", 50)};
     report.analysis.generatoritem_array = {test::generator("Title", "V1", 200, 209)};
     clips_sheet(report);
-    const auto& files = report.running.filepaths_summary.entries();
+    const auto& files = report.files_summary;
     ASSERT_EQ(files.size(), 2U);
     EXPECT_EQ(files[0].path, "/song.wav");
     EXPECT_EQ(files[0].estimated_total, 100);
@@ -157,29 +161,29 @@ TEST(clips_sheet, sums_up_the_files_of_the_rows_that_it_writes)
 
 TEST(clips_sheet, is_as_wide_as_its_longest_texts)
 {
-    test::written_report report;
+    test::made_report report;
     report.show_only({"Description"});
     auto clip = test::clip(std::string(100, 'n'), "V1", 0, 9);
     clip.notes.description = std::string(300, 'd');
     report.analysis.video_clip_data_array = {clip};
     const auto widths = clips_sheet(report).widths;
-    EXPECT_NEAR(widths.at(0), 85, 0.1);
-    EXPECT_NEAR(widths.at(1), 170, 0.1);
+    EXPECT_DOUBLE_EQ(widths.at(0), 85);
+    EXPECT_DOUBLE_EQ(widths.at(1), 170);
 }
 
 TEST(clips_sheet, has_one_character_more_than_its_header_texts)
 {
-    test::written_report report;
+    test::made_report report;
     report.show_only({"Sequence In", "Description"});
     const auto widths = clips_sheet(report).widths;
-    EXPECT_NEAR(widths.at(0), 10, 0.1);
-    EXPECT_NEAR(widths.at(1), 15, 0.1);
-    EXPECT_NEAR(widths.at(2), 12, 0.1);
+    EXPECT_DOUBLE_EQ(widths.at(0), 10);
+    EXPECT_DOUBLE_EQ(widths.at(1), 15);
+    EXPECT_DOUBLE_EQ(widths.at(2), 12);
 }
 
 TEST(clips_sheet, of_bins_lists_the_clips_by_bin)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.is_sequence = false;
     report.analysis.seq_fcp_rate = std::nullopt;
     report.show_only({"Track", "Enabled", "Sequence In", "Source In"});
@@ -189,29 +193,20 @@ TEST(clips_sheet, of_bins_lists_the_clips_by_bin)
     EXPECT_THAT(sheet.row(1), ElementsAre("Day 1", "Interview", "00:00:10:00"));
 }
 
-TEST(clips_sheet, takes_the_row_colours_from_the_options)
-{
-    test::written_report report;
-    report.options.video_row_color = "purple";
-    report.show_only({});
-    report.analysis.video_clip_data_array = {test::full_clip()};
-    EXPECT_THAT(clips_sheet(report).looks(1), ElementsAre("Helvetica 11 plain purple general General"));
-}
-
 TEST(clip_rows, of_audio_end_with_the_tags_of_their_files)
 {
     every_file_is_there locator;
     reader_without_track_numbers reader;
     audio_tag_catalogue tags(locator, reader);
-    test::written_report report;
+    test::made_report report;
     report.tags = &tags;
     report.show_only({"ID3 Metadata"});
     report.analysis.audio_clip_data_array = {stereo("A1")};
     report.analysis.video_clip_data_array = {stereo("V1")};
     report.analysis.audio_clip_data_array.front().reel_name = "A001";
     report.analysis.video_clip_data_array.front().reel_name = "A001";
-    report.analysis.reels_array = {{"A001", 0}};
-    const auto book = report.write({write_clips_sheet, write_reel_sheets});
+    report.analysis.reels_array = {"A001"};
+    const auto book = report.make({add_clips_sheet, add_reel_sheets});
     for (const std::string name : {"All Reels", "#1 A001"}) {
         const auto& sheet = book.sheet(name);
         EXPECT_THAT(sheet.row(0),
@@ -224,21 +219,21 @@ TEST(clip_rows, of_audio_end_with_the_tags_of_their_files)
         EXPECT_THAT(sheet.looks(1), ElementsAre(test::audio_text)) << "numbers, too";
         EXPECT_EQ(sheet.cell(1, 4).kind, "number");
         EXPECT_THAT(sheet.row(2), ElementsAre("Clip")) << "a video row of the same file";
-        EXPECT_NEAR(sheet.widths.at(1), 30, 0.1);
-        EXPECT_NEAR(sheet.widths.at(2), 7, 0.1);
+        EXPECT_DOUBLE_EQ(sheet.widths.at(1), 30);
+        EXPECT_DOUBLE_EQ(sheet.widths.at(2), 7);
     }
 }
 
 TEST(clips_sheet, keeps_a_place_for_pictures)
 {
-    test::written_report report;
+    test::made_report report;
     report.options.inpoint_thumbnail_jpegs = true;
     report.options.thumbnail_width = 640;
     report.show_only({"Track"});
     report.analysis.video_clip_data_array = {test::full_clip()};
     const auto sheet = clips_sheet(report);
     EXPECT_THAT(sheet.row(1), ElementsAre("-", "V1 Main", "Interview"));
-    EXPECT_NEAR(sheet.widths.at(0), 92.65, 0.1);
+    EXPECT_DOUBLE_EQ(sheet.widths.at(0), 92.65);
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "sheets/effect_sheets.h"
 #include "sheets/generators_sheet.h"
-#include "sheets/written_report.h"
+#include "sheets/made_report.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,19 +14,19 @@ namespace test = testing_support;
 using testing::ElementsAre;
 
 /// The sheet as it is after "Graphics & Titles", which sets the formats of its first rows.
-test::sheet_content transitions(test::written_report& report)
+test::shown_sheet transitions(test::made_report& report)
 {
-    return report.write({write_generators_sheet, write_transitions_sheet}).sheet("Transitions");
+    return report.make({add_generators_sheet, add_transitions_sheet}).sheet("Transitions");
 }
 
-test::sheet_content filters(test::written_report& report)
+test::shown_sheet filters(test::made_report& report)
 {
-    return report.write({write_generators_sheet, write_filters_sheet}).sheet("Filters");
+    return report.make({add_generators_sheet, add_filters_sheet}).sheet("Filters");
 }
 
-test::sheet_content motions(test::written_report& report)
+test::shown_sheet motions(test::made_report& report)
 {
-    return report.write({write_motion_sheet}).sheet("Motion Effects");
+    return report.make({add_motion_sheet}).sheet("Motion Effects");
 }
 
 constexpr bool built_in = true;
@@ -34,7 +34,7 @@ constexpr bool third_party = false;
 
 TEST(transitions_sheet, lists_the_distinct_ones_above_the_table)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.video_transition_array = {test::transition("Wipe", built_in, "V1", 0, 15),
                                               test::transition("Sparkle", third_party, "V1", 100, 115),
                                               test::transition("Dissolve", built_in, "V2", 200, 215)};
@@ -50,13 +50,13 @@ TEST(transitions_sheet, lists_the_distinct_ones_above_the_table)
     EXPECT_THAT(sheet.looks(1), ElementsAre(test::video_text));
     EXPECT_THAT(sheet.looks(5), ElementsAre(test::red_text));
     EXPECT_THAT(sheet.looks(7), ElementsAre(test::header_look));
-    EXPECT_EQ(sheet.frozen, std::pair(1, 0));
-    EXPECT_EQ(report.display.steps, 3);
+    EXPECT_EQ(sheet.frozen_rows, 1U);
+    EXPECT_EQ(report.steps, 3U);
 }
 
 TEST(transitions_sheet, shows_the_difference_of_its_frames_as_the_duration)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.video_transition_array = {test::transition("Wipe", built_in, "V1", 100, 115)};
     EXPECT_THAT(transitions(report).row(4),
                 ElementsAre("V1", "Wipe", "00:00:04:00", "00:00:04:15", "00:00:00:15"));
@@ -64,29 +64,25 @@ TEST(transitions_sheet, shows_the_difference_of_its_frames_as_the_duration)
 
 TEST(transitions_sheet, shows_one_frame_less_than_the_length_on_purpose)
 {
-    test::written_report report;
+    test::made_report report;
     const auto fifteen_frames = test::transition("Wipe", built_in, "V1", 0, 14);
-    EXPECT_EQ(fifteen_frames.seq_length, 15);
+    EXPECT_EQ(fifteen_frames.place.seq_length, 15);
     report.analysis.video_transition_array = {fifteen_frames};
     EXPECT_EQ(transitions(report).cell(4, 4).text, "00:00:00:14");
 }
 
 TEST(transitions_sheet, of_none_is_the_table_header)
 {
-    test::written_report report;
+    test::made_report report;
     const auto sheet = transitions(report);
     EXPECT_EQ(sheet.row_count(), 1U);
     EXPECT_EQ(sheet.cell(0, 1).text, "Transition");
-    EXPECT_NEAR(sheet.widths.at(0), 6, 0.1);
-    EXPECT_NEAR(sheet.widths.at(1), 11, 0.1);
-    EXPECT_NEAR(sheet.widths.at(2), 12, 0.1);
-    EXPECT_NEAR(sheet.widths.at(3), 13, 0.1);
-    EXPECT_NEAR(sheet.widths.at(4), 12, 0.1);
+    EXPECT_THAT(sheet.widths, ElementsAre(6, 11, 12, 13, 12));
 }
 
 TEST(transitions_sheet, starts_with_those_of_other_makers_when_there_are_no_built_in_ones)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.video_transition_array = {test::transition("Sparkle", third_party, "V1")};
     EXPECT_THAT(transitions(report).column(0),
                 ElementsAre("Third-Party Transitions", "-", "-", "Track", "V1"));
@@ -94,7 +90,7 @@ TEST(transitions_sheet, starts_with_those_of_other_makers_when_there_are_no_buil
 
 TEST(transitions_sheet, lists_one_on_picture_and_sound_twice_in_the_order_of_first_use)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.audio_transition_array = {test::transition("Fade", built_in, "A1", 0, 5)};
     report.analysis.video_transition_array = {test::transition("Fade", built_in, "V1", 10, 15),
                                               test::transition("Fade", built_in, "V2", 20, 25)};
@@ -106,7 +102,7 @@ TEST(transitions_sheet, lists_one_on_picture_and_sound_twice_in_the_order_of_fir
 
 TEST(transitions_sheet, sorts_its_catalogues_by_character_code)
 {
-    test::written_report report;
+    test::made_report report;
     for (const std::string name : {"b", "\u00e9", "a", "B"})
         report.analysis.video_transition_array.push_back(test::transition(name, third_party, "V1"));
     const auto column = transitions(report).column(1);
@@ -115,7 +111,7 @@ TEST(transitions_sheet, sorts_its_catalogues_by_character_code)
 
 TEST(transitions_sheet, keeps_the_colour_of_the_row_before_on_purpose)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.video_transition_array = {test::transition("Wipe", built_in, "V1", 0, 1),
                                               test::transition("Sparkle", third_party, "V1", 2, 3),
                                               test::transition("Wipe", built_in, "V1", 4, 5)};
@@ -132,26 +128,26 @@ TEST(transitions_sheet, keeps_the_colour_of_the_row_before_on_purpose)
 
 TEST(transitions_sheet, has_no_format_in_its_first_rows_without_the_sheet_of_generators)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.video_transition_array = {test::transition("Wipe", built_in, "V1")};
-    const auto sheet = report.write({write_transitions_sheet}).sheet("Transitions");
+    const auto sheet = report.make({add_transitions_sheet}).sheet("Transitions");
     EXPECT_THAT(sheet.looks(4), ElementsAre(test::no_look));
     EXPECT_EQ(sheet.cell(1, 1).look, test::video_text);
 }
 
 TEST(transitions_sheet, does_not_widen_with_its_catalogues_alone)
 {
-    test::written_report report;
+    test::made_report report;
     const std::string name = "Dissolve \u25b8 Cross Dissolve";
     report.analysis.video_transition_array = {test::transition(name, built_in, "V1")};
     const auto sheet = transitions(report);
-    EXPECT_NEAR(sheet.widths.at(0), 6, 0.1); // not of "Built-in Transitions"
-    EXPECT_NEAR(sheet.widths.at(1), 25, 0.1);
+    EXPECT_DOUBLE_EQ(sheet.widths.at(0), 6); // not of "Built-in Transitions"
+    EXPECT_DOUBLE_EQ(sheet.widths.at(1), 25);
 }
 
 TEST(filters_sheet, lists_the_distinct_ones_above_the_table)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.video_clip_filter_array = {test::filter("Blur", built_in, "V1"),
                                                test::filter("Glow", third_party, "V1", 100)};
     report.analysis.audio_clip_filter_array = {test::filter("Blur", built_in, "A1", 200)};
@@ -172,7 +168,7 @@ TEST(filters_sheet, lists_the_distinct_ones_above_the_table)
 
 TEST(filters_sheet, has_no_cell_for_the_check_mark_of_a_disabled_clip)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.video_clip_filter_array = {test::filter("Blur", built_in, "V1")};
     report.analysis.video_clip_filter_array.front().enabled = "FALSE";
     EXPECT_EQ(filters(report).row(4)[2], "-");
@@ -180,7 +176,7 @@ TEST(filters_sheet, has_no_cell_for_the_check_mark_of_a_disabled_clip)
 
 TEST(filters_sheet, keeps_the_colour_of_the_row_before_but_not_for_check_marks_on_purpose)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.video_clip_filter_array = {test::filter("Blur", built_in, "V1", 0),
                                                test::filter("Glow", third_party, "V1", 1),
                                                test::filter("Blur", built_in, "V1", 2)};
@@ -193,36 +189,34 @@ TEST(filters_sheet, keeps_the_colour_of_the_row_before_but_not_for_check_marks_o
 
 TEST(filters_sheet, starts_in_the_colour_in_which_transitions_ended_on_purpose)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.audio_transition_array = {test::transition("Fade", built_in, "A1")};
     report.analysis.video_clip_filter_array = {test::filter("Blur", built_in, "V1")};
     const auto sheet =
-        report.write({write_generators_sheet, write_transitions_sheet, write_filters_sheet}).sheet("Filters");
+        report.make({add_generators_sheet, add_transitions_sheet, add_filters_sheet}).sheet("Filters");
     EXPECT_EQ(sheet.cell(4, 0).look, test::audio_text);
     EXPECT_EQ(sheet.cell(4, 2).look, test::video_center);
 }
 
 TEST(filters_sheet, has_no_format_in_its_first_rows_without_the_sheet_of_generators)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.video_clip_filter_array = {test::filter("Blur", built_in, "V1")};
-    const auto sheet = report.write({write_filters_sheet}).sheet("Filters");
+    const auto sheet = report.make({add_filters_sheet}).sheet("Filters");
     EXPECT_THAT(sheet.looks(4), ElementsAre(test::no_look));
 }
 
 TEST(filters_sheet, of_none_is_the_table_header)
 {
-    test::written_report report;
+    test::made_report report;
     const auto sheet = filters(report);
     EXPECT_EQ(sheet.row_count(), 1U);
-    const std::vector<double> widths = {6, 7, 8, 10, 12, 13, 12};
-    for (std::size_t column = 0; column < widths.size(); ++column)
-        EXPECT_NEAR(sheet.widths.at(column), widths[column], 0.1);
+    EXPECT_THAT(sheet.widths, ElementsAre(6, 7, 8, 10, 12, 13, 12));
 }
 
 TEST(motion_sheet, lists_the_distinct_ones_above_the_table)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.video_clip_motion_array = {test::motion("Scale (50%)", "V1", 100),
                                                test::motion("Crop", "V1", 0), test::motion("Crop", "V2", 0)};
     const auto sheet = motions(report);
@@ -234,28 +228,24 @@ TEST(motion_sheet, lists_the_distinct_ones_above_the_table)
     EXPECT_THAT(sheet.row(6), ElementsAre("V1", "Crop", "Clip", "00:00:00:00", "00:00:00:15", "00:00:00:15"));
     EXPECT_THAT(sheet.looks(1), ElementsAre(test::video_text));
     EXPECT_THAT(sheet.looks(6), ElementsAre(test::video_text));
-    EXPECT_EQ(report.display.steps, 3);
+    EXPECT_EQ(report.steps, 3U);
 }
 
 TEST(motion_sheet, of_none_is_the_table_header)
 {
-    test::written_report report;
+    test::made_report report;
     const auto sheet = motions(report);
     EXPECT_EQ(sheet.row_count(), 1U);
-    const std::vector<double> widths = {6, 7, 10, 12, 13, 12};
-    for (std::size_t column = 0; column < widths.size(); ++column)
-        EXPECT_NEAR(sheet.widths.at(column), widths[column], 0.1);
+    EXPECT_THAT(sheet.widths, ElementsAre(6, 7, 10, 12, 13, 12));
 }
 
 TEST(motion_sheet, leaves_the_format_of_video_whatever_ran_before)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.video_clip_filter_array = {test::filter("Glow", third_party, "V1")};
     report.analysis.video_clip_motion_array = {test::motion("Crop", "V1")};
-    const auto book = report.write(
-        {write_filters_sheet, write_motion_sheet, [](const report_frame& frame, running_report& running) {
-             EXPECT_EQ(running.row_formats.text_format, frame.formats.video.text_format);
-         }});
+    const auto book = report.make({add_filters_sheet, add_motion_sheet});
+    EXPECT_EQ(report.running_look.text, text_color::video);
     EXPECT_THAT(book.sheet("Motion Effects").looks(4), ElementsAre(test::video_text));
 }
 

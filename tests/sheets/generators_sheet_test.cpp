@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "sheets/generators_sheet.h"
-#include "sheets/written_report.h"
+#include "sheets/made_report.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -15,21 +15,21 @@ using enum time_format;
 
 const std::vector<time_format> all_formats = {timecode, clock, frames, feet_and_frames, seconds};
 
-test::written_report with_title()
+test::made_report with_title()
 {
-    test::written_report report;
+    test::made_report report;
     auto title = test::generator("Lower Third", "V2", 100, 149);
     title.type = "GraphicAndType";
-    title.track_name = " Titles";
+    title.place.track_name = " Titles";
     title.font = "Futura";
     title.text = "Jane Doe";
     report.analysis.generatoritem_array = {title};
     return report;
 }
 
-test::sheet_content generators(test::written_report& report)
+test::shown_sheet generators(test::made_report& report)
 {
-    return report.write({write_generators_sheet}).sheet("Graphics & Titles");
+    return report.make({add_generators_sheet}).sheet("Graphics & Titles");
 }
 
 column_widths widths_for(std::vector<time_format> formats)
@@ -48,8 +48,8 @@ TEST(generators_sheet, lists_a_title)
                             "Font", "Text"));
     EXPECT_THAT(sheet.looks(0), ElementsAre(test::header_look));
     EXPECT_THAT(sheet.looks(1), ElementsAre(test::video_text));
-    EXPECT_EQ(sheet.frozen, std::pair(1, 0));
-    EXPECT_EQ(report.display.steps, 1);
+    EXPECT_EQ(sheet.frozen_rows, 1U);
+    EXPECT_EQ(report.steps, 1U);
 }
 
 TEST(generators_sheet, shows_one_frame_less_than_the_length_on_purpose)
@@ -138,9 +138,9 @@ TEST(generators_sheet, adds_one_to_its_widths_after_the_rows_on_purpose)
     auto report = with_title();
     report.analysis.generatoritem_array.front().name = "A title with a longer name";
     const auto sheet = generators(report);
-    EXPECT_NEAR(sheet.widths.at(1), 27, 0.1);
-    EXPECT_NEAR(sheet.widths.at(3), 16, 0.1);
-    EXPECT_NEAR(sheet.widths.at(7), 51 * 0.85, 0.1);
+    EXPECT_DOUBLE_EQ(sheet.widths.at(1), 27);
+    EXPECT_DOUBLE_EQ(sheet.widths.at(3), 16);
+    EXPECT_DOUBLE_EQ(sheet.widths.at(7), 51 * 0.85);
 }
 
 TEST(generators_sheet, does_not_widen_with_the_text_of_titles)
@@ -149,13 +149,13 @@ TEST(generators_sheet, does_not_widen_with_the_text_of_titles)
     report.analysis.generatoritem_array.front().text = std::string(150, 't');
     report.analysis.generatoritem_array.front().font = std::string(30, 'f');
     const auto sheet = generators(report);
-    EXPECT_NEAR(sheet.widths.at(6), 31, 0.1);
-    EXPECT_NEAR(sheet.widths.at(7), 51 * 0.85, 0.1);
+    EXPECT_DOUBLE_EQ(sheet.widths.at(6), 31);
+    EXPECT_DOUBLE_EQ(sheet.widths.at(7), 51 * 0.85);
 }
 
 TEST(generators_sheet, shows_blank_font_and_text_for_a_slug)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.generatoritem_array = {test::generator("Slug", "V1", 0, 9)};
     const auto sheet = generators(report);
     EXPECT_EQ(sheet.cell(1, 6).kind, "blank");
@@ -164,21 +164,16 @@ TEST(generators_sheet, shows_blank_font_and_text_for_a_slug)
 
 TEST(generators_sheet, of_no_generators_is_its_header)
 {
-    test::written_report report;
+    test::made_report report;
     EXPECT_EQ(generators(report).row_count(), 1U);
 }
 
 TEST(generators_sheet, leaves_the_formats_of_video_to_the_sheets_after_it_though_it_has_no_rows)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.video_transition_array = {test::transition("Wipe", true, "V1")};
-    const auto book =
-        report.write({write_generators_sheet, [](const report_frame& frame, running_report& running) {
-                          EXPECT_EQ(running.row_formats.text_format, frame.formats.video.text_format);
-                          EXPECT_EQ(running.row_formats.center_format, frame.formats.video.center_format);
-                          EXPECT_EQ(running.row_formats.integer_format, frame.formats.video.integer_format);
-                          EXPECT_EQ(running.row_formats.decimal_format, frame.formats.video.decimal_format);
-                      }});
+    const auto book = report.make({add_generators_sheet});
+    EXPECT_EQ(report.running_look, (row_look{text_color::video, text_color::video}));
     EXPECT_EQ(book.sheets.size(), 1U);
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "sheets/made_report.h"
 #include "sheets/marker_sheets.h"
-#include "sheets/written_report.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -23,26 +23,19 @@ marker_record marker(const std::string& name)
     return record;
 }
 
-test::sheet_content sequence_markers(test::written_report& report)
+test::shown_sheet sequence_markers(test::made_report& report)
 {
-    return report.write({write_sequence_markers_sheet}).sheet("Sequence Markers");
+    return report.make({add_sequence_markers_sheet}).sheet("Sequence Markers");
 }
 
-test::sheet_content clip_markers(test::written_report& report)
+test::shown_sheet clip_markers(test::made_report& report)
 {
-    return report.write({write_clip_markers_sheet}).sheet("Clip Markers");
-}
-
-void expect_widths(const test::sheet_content& sheet, const std::vector<double>& widths)
-{
-    ASSERT_EQ(sheet.widths.size(), widths.size());
-    for (std::size_t column = 0; column < widths.size(); ++column)
-        EXPECT_NEAR(sheet.widths.at(column), widths[column], 0.1) << "column " << column;
+    return report.make({add_clip_markers_sheet}).sheet("Clip Markers");
 }
 
 TEST(sequence_markers_sheet, lists_markers_in_the_format_of_markers)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.seq_markers_data_array = {marker("Act 1"), marker("Act 2")};
     const auto sheet = sequence_markers(report);
     EXPECT_THAT(sheet.row(0),
@@ -53,12 +46,12 @@ TEST(sequence_markers_sheet, lists_markers_in_the_format_of_markers)
     EXPECT_EQ(sheet.cell(2, 0).text, "Act 2");
     EXPECT_THAT(sheet.looks(0), ElementsAre(test::header_look));
     EXPECT_THAT(sheet.looks(1), ElementsAre(test::marker_text));
-    EXPECT_EQ(report.display.steps, 2);
+    EXPECT_EQ(report.steps, 2U);
 }
 
 TEST(sequence_markers_sheet, has_no_duration_cell_for_a_marker_on_a_single_frame)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.seq_markers_data_array = {test::sequence_marker("Note", 100)};
     const auto sheet = sequence_markers(report);
     EXPECT_THAT(sheet.row(1), ElementsAre("Note", "", "", "00:00:04:00", "00:00:04:00", "-", ""));
@@ -67,29 +60,29 @@ TEST(sequence_markers_sheet, has_no_duration_cell_for_a_marker_on_a_single_frame
 
 TEST(sequence_markers_sheet, of_no_markers_is_its_header_in_the_first_widths_and_one)
 {
-    test::written_report report;
+    test::made_report report;
     const auto sheet = sequence_markers(report);
     EXPECT_EQ(sheet.row_count(), 1U);
-    expect_widths(sheet, {12, 5, 9, 12, 12, 12, 6});
+    EXPECT_THAT(sheet.widths, ElementsAre(12, 5, 9, 12, 12, 12, 6));
 }
 
 TEST(sequence_markers_sheet, is_as_wide_as_its_names_up_to_a_limit)
 {
     const auto first_width_for = [](std::size_t length) {
-        test::written_report report;
+        test::made_report report;
         report.analysis.seq_markers_data_array = {test::sequence_marker(std::string(length, 'n'), 0)};
         return sequence_markers(report).widths.at(0);
     };
-    EXPECT_NEAR(first_width_for(40), 40, 0.1);
-    EXPECT_NEAR(first_width_for(100), 85, 0.1);
-    EXPECT_NEAR(first_width_for(300), 170, 0.1);
+    EXPECT_DOUBLE_EQ(first_width_for(40), 40);
+    EXPECT_DOUBLE_EQ(first_width_for(100), 85);
+    EXPECT_DOUBLE_EQ(first_width_for(300), 170);
 }
 
 TEST(sequence_markers_sheet, shows_drop_frame_timecode_with_a_semicolon)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.seq_fcp_rate = frame_rate{29.97, true};
-    report.analysis.seq_displayformat = "DF";
+    report.analysis.seq_displayformat = display_format::drop_frame;
     report.analysis.seq_markers_data_array = {marker("Act 1")};
     EXPECT_THAT(
         sequence_markers(report).row(1),
@@ -98,9 +91,9 @@ TEST(sequence_markers_sheet, shows_drop_frame_timecode_with_a_semicolon)
 
 TEST(clip_markers_sheet, lists_markers_with_their_clips_in_the_order_of_the_timeline)
 {
-    test::written_report report;
+    test::made_report report;
     auto late = test::clip_marker("Look", "V1", 100);
-    late.track_name = " Interview";
+    late.place.track_name = " Interview";
     late.clip_name = "Shot";
     late.comment = "grade";
     late.color = "Green";
@@ -122,7 +115,7 @@ TEST(clip_markers_sheet, lists_markers_with_their_clips_in_the_order_of_the_time
 
 TEST(clip_markers_sheet, shows_source_positions_on_the_sequences_clock_on_purpose)
 {
-    test::written_report report;
+    test::made_report report;
     auto marker = test::clip_marker("Note", "V1", 0);
     marker.src_in_frame = 50; // of media at whatever rate
     marker.src_out_frame = 50;
@@ -132,7 +125,7 @@ TEST(clip_markers_sheet, shows_source_positions_on_the_sequences_clock_on_purpos
 
 TEST(clip_markers_sheet, shows_blank_cells_for_what_a_marker_lacks)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.audio_clip_marker_array = {test::clip_marker("Note", "A1", 0)};
     EXPECT_THAT(clip_markers(report).row(1),
                 ElementsAre("A1", "Note", "", "", "", "00:00:00:00", "00:00:00:00", "-", "", ""));
@@ -140,23 +133,23 @@ TEST(clip_markers_sheet, shows_blank_cells_for_what_a_marker_lacks)
 
 TEST(clip_markers_sheet, of_no_markers_is_its_header_in_the_first_widths_and_one)
 {
-    test::written_report report;
+    test::made_report report;
     const auto sheet = clip_markers(report);
     EXPECT_EQ(sheet.row_count(), 1U);
-    expect_widths(sheet, {6, 12, 10, 9, 6, 12, 13, 12, 12, 12});
+    EXPECT_THAT(sheet.widths, ElementsAre(6, 12, 10, 9, 6, 12, 13, 12, 12, 12));
 }
 
 TEST(clip_markers_sheet, widens_with_its_texts_and_not_with_its_times)
 {
-    test::written_report report;
+    test::made_report report;
     auto marker = test::clip_marker("A marker with a name", "V1", 0);
-    marker.track_name = " Main";
+    marker.place.track_name = " Main";
     marker.clip_name = "A clip with a name";
     marker.comment = "A comment on the marker";
     marker.color = "Light Blue";
     marker.in_frame = 25LL * 3600 * 1000; // 1000 hours: one more character than others
     report.analysis.video_clip_marker_array = {marker};
-    expect_widths(clip_markers(report), {7, 20, 18, 23, 10, 12, 13, 12, 12, 12});
+    EXPECT_THAT(clip_markers(report).widths, ElementsAre(7, 20, 18, 23, 10, 12, 13, 12, 12, 12));
 }
 
 } // namespace

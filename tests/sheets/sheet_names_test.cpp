@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "report/column_widths.h"
 #include "sheets/sheet_names.h"
+#include "text/utf8.h"
 #include "workbook/workbook.h"
 
 #include <gmock/gmock.h>

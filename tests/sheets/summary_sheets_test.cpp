@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "sheets/clip_rows.h"
+#include "sheets/made_report.h"
 #include "sheets/reel_sheets.h"
 #include "sheets/summary_sheets.h"
-#include "sheets/written_report.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,19 +14,14 @@ namespace test = testing_support;
 
 using testing::ElementsAre;
 
-test::sheet_content files_summary(test::written_report& report)
+test::shown_sheet files_summary(test::made_report& report)
 {
-    return report.write({write_clips_sheet, write_files_summary}).sheet("Files Summary");
+    return report.make({add_clips_sheet, add_files_summary}).sheet("Files Summary");
 }
 
-void write_rows_of_reels(const report_frame& frame, running_report& running)
+test::shown_report with_reels(test::made_report& report)
 {
-    write_reels_summary_rows(frame, running);
-}
-
-test::workbook_content with_reels(test::written_report& report)
-{
-    return report.write({add_reels_summary, write_reel_sheets, write_rows_of_reels});
+    return report.make({add_reels_summary, add_reel_sheets});
 }
 
 clip_record of_reel(const std::string& reel, const std::string& track, std::int64_t start, std::int64_t end)
@@ -36,25 +31,22 @@ clip_record of_reel(const std::string& reel, const std::string& track, std::int6
     return clip;
 }
 
-TEST(file_totals, count_a_path_once_and_in_the_order_met)
+TEST(totals_of_files, count_a_path_once_and_in_the_order_met)
 {
-    file_totals totals;
     const auto song = test::clip_of_file("/media/song.wav", "A1", 0, 9);
     const auto nothing = test::clip("Title", "V1", 0, 4);
-    totals.add(song);
-    totals.add(nothing);
-    totals.add(song);
-    ASSERT_EQ(totals.entries().size(), 2U);
-    EXPECT_EQ(totals.entries()[0].name, "song.wav");
-    EXPECT_EQ(totals.entries()[0].path, "/media/song.wav");
-    EXPECT_EQ(totals.entries()[0].estimated_total, 20);
-    EXPECT_EQ(totals.entries()[1].name, "");
-    EXPECT_EQ(totals.entries()[1].estimated_total, 5);
+    const auto totals = totals_of_files({&song, &nothing, &song});
+    ASSERT_EQ(totals.size(), 2U);
+    EXPECT_EQ(totals[0].name, "song.wav");
+    EXPECT_EQ(totals[0].path, "/media/song.wav");
+    EXPECT_EQ(totals[0].estimated_total, 20);
+    EXPECT_EQ(totals[1].name, "");
+    EXPECT_EQ(totals[1].estimated_total, 5);
 }
 
 TEST(files_summary, shows_each_files_total_and_share)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.video_clip_data_array = {test::clip_of_file("/media/b.mov", "V1", 0, 49),
                                              test::clip_of_file("/media/a.mov", "V1", 50, 74),
                                              test::clip_of_file("/media/b.mov", "V1", 75, 99)};
@@ -63,12 +55,12 @@ TEST(files_summary, shows_each_files_total_and_share)
     EXPECT_THAT(sheet.row(1), ElementsAre("a.mov", "00:00:01:00", "0.25", "/media/a.mov"));
     EXPECT_THAT(sheet.row(2), ElementsAre("b.mov", "00:00:03:00", "0.75", "/media/b.mov"));
     EXPECT_EQ(sheet.row_count(), 3U);
-    EXPECT_EQ(sheet.frozen, std::pair(1, 0));
+    EXPECT_EQ(sheet.frozen_rows, 1U);
 }
 
 TEST(files_summary, formats_totals_and_shares_and_leaves_names_and_paths_plain)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.video_clip_data_array = {test::clip_of_file("/media/b.mov", "V1", 0, 49)};
     const auto sheet = files_summary(report);
     EXPECT_THAT(sheet.looks(0), ElementsAre(test::header_look));
@@ -79,17 +71,15 @@ TEST(files_summary, formats_totals_and_shares_and_leaves_names_and_paths_plain)
 
 TEST(files_summary, formats_empty_cells_by_their_columns)
 {
-    test::written_report report;
+    test::made_report report;
     const auto sheet = files_summary(report);
-    EXPECT_EQ(sheet.column_looks.at(0), test::header_look);
-    EXPECT_EQ(sheet.column_looks.at(1), test::no_look);
-    EXPECT_EQ(sheet.column_looks.at(2), test::black_share);
-    EXPECT_EQ(sheet.column_looks.at(3), test::header_look);
+    EXPECT_THAT(sheet.empty_looks,
+                ElementsAre(test::header_look, test::no_look, test::black_share, test::header_look));
 }
 
 TEST(files_summary, is_sorted_by_name_in_character_code)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.video_clip_data_array = {
         test::clip_of_file("/1/b.mov", "V1", 0, 9), test::clip_of_file("/2/A.mov", "V1", 10, 19),
         test::clip_of_file("/3/a.mov", "V1", 20, 29), test::clip_of_file("/0/a.mov", "V1", 30, 39)};
@@ -100,7 +90,7 @@ TEST(files_summary, is_sorted_by_name_in_character_code)
 
 TEST(files_summary, keeps_files_of_one_name_in_the_order_met)
 {
-    test::written_report report;
+    test::made_report report;
     std::vector<std::string> paths = {"File Path"};
     for (int i = 0; i < 40; ++i) {
         paths.push_back("/" + std::to_string(i * 7 % 40) + "/clip.mov");
@@ -111,7 +101,7 @@ TEST(files_summary, keeps_files_of_one_name_in_the_order_met)
 
 TEST(files_summary, counts_generators_under_the_empty_path)
 {
-    test::written_report report;
+    test::made_report report;
     report.analysis.generatoritem_array = {test::generator("Title", "V1", 0, 24),
                                            test::generator("Slug", "V1", 25, 49)};
     EXPECT_THAT(files_summary(report).row(1), ElementsAre("", "00:00:02:00", "1", ""));
@@ -119,9 +109,9 @@ TEST(files_summary, counts_generators_under_the_empty_path)
 
 TEST(files_summary, shows_an_error_for_the_share_of_nothing)
 {
-    test::written_report report;
+    test::made_report report;
     auto clip = test::clip_of_file("/media/b.mov", "V1", 0, 9);
-    clip.seq_length = 0;
+    clip.place.seq_length = 0;
     report.analysis.video_clip_data_array = {clip};
     const auto sheet = files_summary(report);
     EXPECT_EQ(sheet.cell(1, 2).kind, "error");
@@ -132,33 +122,30 @@ TEST(files_summary, shows_an_error_for_the_share_of_nothing)
 
 TEST(files_summary, is_as_wide_as_its_names_and_paths_without_a_margin)
 {
-    test::written_report report;
+    test::made_report report;
     const std::string path = "/" + std::string(300, 'p');
     report.analysis.video_clip_data_array = {
         test::clip_of_file("/media/a file name of 30 characters!.mov", "V1", 0, 9)};
     const auto narrow = files_summary(report);
-    EXPECT_NEAR(narrow.widths.at(0), 33, 0.1);
-    EXPECT_NEAR(narrow.widths.at(1), 15, 0.1);
-    EXPECT_NEAR(narrow.widths.at(2), 10, 0.1);
-    EXPECT_NEAR(narrow.widths.at(3), 40, 0.1);
+    EXPECT_THAT(narrow.widths, ElementsAre(33, 15, 10, 40));
     report.analysis.video_clip_data_array.push_back(test::clip_of_file(path, "V1", 10, 19));
     const auto wide = files_summary(report);
-    EXPECT_NEAR(wide.widths.at(0), 170, 0.1);
-    EXPECT_NEAR(wide.widths.at(3), 170, 0.1);
+    EXPECT_DOUBLE_EQ(wide.widths.at(0), 170);
+    EXPECT_DOUBLE_EQ(wide.widths.at(3), 170);
 }
 
 TEST(files_summary, of_no_files_is_its_header)
 {
-    test::written_report report;
+    test::made_report report;
     const auto sheet = files_summary(report);
     EXPECT_EQ(sheet.row_count(), 1U);
-    EXPECT_NEAR(sheet.widths.at(0), 10, 0.1);
-    EXPECT_NEAR(sheet.widths.at(3), 10, 0.1);
+    EXPECT_DOUBLE_EQ(sheet.widths.at(0), 10);
+    EXPECT_DOUBLE_EQ(sheet.widths.at(3), 10);
 }
 
 TEST(files_summary, has_shares_that_add_up_to_one)
 {
-    test::written_report report;
+    test::made_report report;
     for (std::int64_t i = 0; i < 7; ++i)
         report.analysis.video_clip_data_array.push_back(
             test::clip_of_file("/" + std::to_string(i), "V1", i * 100, i * 101));
@@ -171,8 +158,8 @@ TEST(files_summary, has_shares_that_add_up_to_one)
 
 TEST(reels_summary, stands_before_the_reel_sheets_and_lists_their_totals_in_order)
 {
-    test::written_report report;
-    report.analysis.reels_array = {{"B002", 0}, {"A001", 0}, {"Unused", 0}};
+    test::made_report report;
+    report.analysis.reels_array = {"B002", "A001", "Unused"};
     report.analysis.video_clip_data_array = {of_reel("A001", "V1", 0, 24), of_reel("B002", "V1", 25, 99)};
     const auto book = with_reels(report);
     EXPECT_THAT(book.names(), ElementsAre("Reels Summary", "#1 B002", "#2 A001"));
@@ -186,22 +173,19 @@ TEST(reels_summary, stands_before_the_reel_sheets_and_lists_their_totals_in_orde
 
 TEST(reels_summary, has_widths_that_do_not_follow_its_names)
 {
-    test::written_report report;
+    test::made_report report;
     const std::string reel(60, 'r');
-    report.analysis.reels_array = {{reel, 0}};
+    report.analysis.reels_array = {reel};
     report.analysis.video_clip_data_array = {of_reel(reel, "V1", 0, 24)};
     const auto book = with_reels(report);
     const auto& sheet = book.sheet("Reels Summary");
-    EXPECT_NEAR(sheet.widths.at(0), 17, 0.1);
-    EXPECT_NEAR(sheet.widths.at(1), 15, 0.1);
-    EXPECT_NEAR(sheet.widths.at(2), 10, 0.1);
-    EXPECT_EQ(sheet.column_looks.at(0), test::no_look);
-    EXPECT_EQ(sheet.column_looks.at(2), test::black_share);
+    EXPECT_THAT(sheet.widths, ElementsAre(17, 15, 10));
+    EXPECT_THAT(sheet.empty_looks, ElementsAre(test::no_look, test::no_look, test::black_share));
 }
 
 TEST(reels_summary, of_no_reels_is_its_header)
 {
-    test::written_report report;
+    test::made_report report;
     EXPECT_EQ(with_reels(report).sheet("Reels Summary").row_count(), 1U);
 }
 

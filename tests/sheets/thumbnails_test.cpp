@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
+#include "sheets/report.h"
 #include "sheets/thumbnails.h"
-#include "support/kept_text.h"
+#include "support/kept_diagnostics.h"
+#include "support/records.h"
+#include "support/small_files.h"
 #include "support/temporary_folder.h"
-#include "workbook/workbook.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <fstream>
 #include <memory>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -201,6 +204,8 @@ public:
     bool throws = false;
 };
 
+const std::string jpeg_of_120_by_90 = {'\xFF', '\xD8', '\xFF', '\xC2', 0, 17, 8, 0, 90, 0, 120, 3};
+
 class thumbnails : public testing::Test {
 protected:
     static clip_record clip(const std::string& name = "Clip", const std::string& path = "/clip.mov")
@@ -212,7 +217,7 @@ protected:
         return record;
     }
 
-    std::optional<thumbnail> make(const clip_record& record, std::size_t row = 1)
+    std::optional<row_picture> make(const clip_record& record, std::size_t row = 1)
     {
         return make_thumbnail(record, row, run);
     }
@@ -220,19 +225,18 @@ protected:
     /// What the clip's picture was made from; "none" without one.
     std::string pixels_of(const clip_record& record)
     {
-        const std::optional<thumbnail> made = make(record);
+        const std::optional<row_picture> made = make(record);
         if (!made)
             return "none";
-        std::ifstream in(made->jpeg);
-        return {std::istreambuf_iterator<char>(in), {}};
+        return content_of(made->jpeg);
     }
 
     fake_media media;
     fake_locator locator;
-    kept_text out;
+    kept_diagnostics out;
     temporary_folder folder;
     fake_thumbnailer pictures{media};
-    thumbnail_run run{pictures, locator, out, folder.path(), 320, {}, {}, {}};
+    thumbnail_run run{pictures, locator, out, folder.path(), 320, {}, {}, {}, {}, {}};
 };
 
 TEST_F(thumbnails, come_from_the_asset_at_the_in_point)
@@ -284,19 +288,19 @@ TEST_F(thumbnails, are_not_made_without_an_in_point)
     EXPECT_EQ(make(record), std::nullopt);
     EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
     EXPECT_TRUE(media.asked.empty());
-    EXPECT_EQ(out.text(), "\"----------\"\n\"/clip.mov\"\n");
+    EXPECT_EQ(out.text, "\"----------\"\n\"/clip.mov\"\n");
 }
 
 TEST_F(thumbnails, log_what_they_are_made_of)
 {
     make(clip());
-    EXPECT_EQ(out.text(), "\"----------\"\n\"/clip.mov\"\n\"thumbnail: /clip.mov @ 1001/30000\"\n");
+    EXPECT_EQ(out.text, "\"----------\"\n\"/clip.mov\"\n\"thumbnail: /clip.mov @ 1001/30000\"\n");
 }
 
 TEST_F(thumbnails, show_the_missing_placeholder_for_a_file_that_is_not_there)
 {
     EXPECT_EQ(pixels_of(clip("Clip", "/offline.mov")), "Missing.png");
-    EXPECT_THAT(out.text(), HasSubstr("\"OFFLINE media\""));
+    EXPECT_THAT(out.text, HasSubstr("\"OFFLINE media\""));
     EXPECT_THAT(media.asked, ElementsAre("scaled to 320"));
     clip_record pathless = clip();
     pathless.path.reset();
@@ -323,7 +327,7 @@ TEST_F(thumbnails, show_a_still_picture_itself_on_a_modern_system)
 {
     media.asset_tracks = 0;
     EXPECT_EQ(pixels_of(clip("Chart", "/chart.tif")), "chart.tif");
-    EXPECT_THAT(out.text(), HasSubstr("\nThis NSImage has a representation\n"));
+    EXPECT_THAT(out.text, HasSubstr("\nThis NSImage has a representation\n"));
     EXPECT_THAT(media.asked, ElementsAre("asset /found/chart.tif", "scaled to 320"));
 }
 
@@ -332,11 +336,11 @@ TEST_F(thumbnails, tell_of_stills_that_are_none)
     media.asset_tracks = 0;
     media.image_is_valid = false;
     make(clip());
-    EXPECT_THAT(out.text(), HasSubstr("\nThis NSImage is not valid!!!\n"));
+    EXPECT_THAT(out.text, HasSubstr("\nThis NSImage is not valid!!!\n"));
     media.image_is_valid = true;
     media.image_has_representations = false;
     make(clip());
-    EXPECT_THAT(out.text(), HasSubstr("\nThis NSImage has no representations!!!\n"));
+    EXPECT_THAT(out.text, HasSubstr("\nThis NSImage has no representations!!!\n"));
 }
 
 TEST_F(thumbnails, take_a_file_that_opens_no_asset_for_a_still_on_a_modern_system)
@@ -405,10 +409,10 @@ TEST_F(thumbnails, go_on_with_what_there_is_after_a_failure)
 {
     media.asset_throws = true;
     EXPECT_EQ(pixels_of(clip()), "clip.mov");
-    EXPECT_THAT(out.text(), HasSubstr("\"RESCUE from thumbnailing\""));
+    EXPECT_THAT(out.text, HasSubstr("\"RESCUE from thumbnailing\""));
     locator.throws = true;
     EXPECT_EQ(pixels_of(clip("Other")), "none");
-    EXPECT_THAT(out.text(), HasSubstr("TIFFRepresentation is nil!!!"));
+    EXPECT_THAT(out.text, HasSubstr("TIFFRepresentation is nil!!!"));
 }
 
 TEST_F(thumbnails, say_which_step_of_the_encoding_failed)
@@ -416,13 +420,13 @@ TEST_F(thumbnails, say_which_step_of_the_encoding_failed)
     const clip_record offline = clip("Clip", "/offline.mov");
     media.source_makes_a_bitmap = false;
     EXPECT_EQ(make(offline), std::nullopt);
-    EXPECT_THAT(out.text(), HasSubstr("\nCGImageSourceCreateThumbnailAtIndex is nil!!!\n"));
+    EXPECT_THAT(out.text, HasSubstr("\nCGImageSourceCreateThumbnailAtIndex is nil!!!\n"));
     media.data_makes_a_source = false;
     EXPECT_EQ(make(offline), std::nullopt);
-    EXPECT_THAT(out.text(), HasSubstr("\nCGImageSourceCreateWithData is nil!!!\n"));
+    EXPECT_THAT(out.text, HasSubstr("\nCGImageSourceCreateWithData is nil!!!\n"));
     media.image_has_data = false;
     EXPECT_EQ(make(offline), std::nullopt);
-    EXPECT_THAT(out.text(), HasSubstr("\nTIFFRepresentation is nil!!!\n"));
+    EXPECT_THAT(out.text, HasSubstr("\nTIFFRepresentation is nil!!!\n"));
     EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
 }
 
@@ -430,11 +434,11 @@ TEST_F(thumbnails, survive_an_encoder_and_a_disk_that_fail)
 {
     media.encoder_throws = true;
     EXPECT_EQ(make(clip()), std::nullopt);
-    EXPECT_THAT(out.text(), HasSubstr("no thumbnail: no JPEG today"));
+    EXPECT_THAT(out.text, HasSubstr("no thumbnail: no JPEG today"));
     media.encoder_throws = false;
     media.disk_is_full = true;
     EXPECT_EQ(make(clip()), std::nullopt);
-    EXPECT_THAT(out.text(), HasSubstr("no thumbnail: the disk is full"));
+    EXPECT_THAT(out.text, HasSubstr("no thumbnail: the disk is full"));
 }
 
 TEST_F(thumbnails, never_leave_their_folder)
@@ -442,9 +446,43 @@ TEST_F(thumbnails, never_leave_their_folder)
     EXPECT_EQ(make(clip("../../../tmp/Clip")), std::nullopt);
     EXPECT_EQ(make(clip("A/B")), std::nullopt);
     EXPECT_EQ(make(clip(std::string(300, 'x'))), std::nullopt);
-    EXPECT_THAT(out.text(), HasSubstr("no thumbnail: the clip's name cannot be a file's name"));
+    EXPECT_THAT(out.text, HasSubstr("no thumbnail: the clip's name cannot be a file's name"));
     EXPECT_TRUE(media.asked.empty()) << "nothing is decoded for them";
     EXPECT_NE(make(clip("..")), std::nullopt) << "\"0002 ...jpg\" is a file's name";
+}
+
+TEST_F(thumbnails, are_the_pictures_of_the_clips_sheet_alone)
+{
+    analysis_result analysis = sequence_at_25();
+    for (const std::string name : {"First", "offline"}) {
+        clip_record shot = testing_support::clip_of_file("/" + name + ".mov", "V1", 0, 9);
+        shot.name = name;
+        shot.image_time = rational{1001, 30000};
+        shot.reel_name = "A001";
+        analysis.video_clip_data_array.push_back(shot);
+    }
+    analysis.reels_array = {"A001"};
+    report_options options;
+    options.inpoint_thumbnail_jpegs = true;
+    const report made = make_report(analysis, {{1}, {1}}, options, nullptr, &run);
+    const sheet& clips = made.sheets.front();
+    ASSERT_TRUE(clips.picture);
+    EXPECT_EQ(clips.picture(1), (row_picture{folder / "0002 First.jpg", 135, false}));
+    EXPECT_EQ(clips.picture(2)->jpeg, folder / "0003 offline.jpg");
+    EXPECT_TRUE(clips.picture(2)->is_placeholder);
+    EXPECT_EQ(clips.cell(1, clips.picture_column.value()).value, cell_value()) << "no cell below a picture";
+    EXPECT_THAT(std::span(made.sheets).subspan(1),
+                testing::Each(testing::Field(&sheet::picture_column, std::nullopt)));
+}
+
+TEST_F(thumbnails, have_their_place_on_the_clips_sheet_though_none_are_made)
+{
+    report_options options;
+    options.inpoint_thumbnail_jpegs = true;
+    const analysis_result analysis = sequence_at_25();
+    const report made = make_report(analysis, {}, options);
+    EXPECT_TRUE(made.sheets.front().picture_column);
+    EXPECT_FALSE(made.sheets.front().picture);
 }
 
 TEST_F(thumbnails, forget_the_clip_at_work)
@@ -470,16 +508,54 @@ TEST_F(thumbnails, are_announced_with_the_files_where_they_are)
     EXPECT_EQ(media.expected[0].width, 320);
 }
 
-TEST_F(thumbnails, are_noted_for_the_clean_up_when_they_are_inserted)
+TEST_F(thumbnails, are_noted_for_the_clean_up_when_they_are_made)
 {
-    xls::workbook book(folder.path() / "report.xls");
-    xls::worksheet& sheet = book.add_worksheet("All Reels");
-    media.jpeg = {'\xFF', '\xD8', '\xFF', '\xC2', 0, 17, 8, 0, 90, 0, 120, 3}; // 120 × 90 pixels
-    add_thumbnail(clip("First"), 1, 0, sheet, run);
-    media.jpeg = "no picture";
-    add_thumbnail(clip("Second"), 2, 0, sheet, run);
+    make(clip("First"), 1);
+    media.disk_is_full = true;
+    make(clip("Second"), 2);
     EXPECT_THAT(run.cleanup_jpegs, ElementsAre(folder.path() / "0002 First.jpg"));
-    EXPECT_THAT(out.text(), HasSubstr("\"no thumbnail: "));
+}
+
+class losses_of_thumbnails : public thumbnails {
+protected:
+    void add(const clip_record& clip) { make(clip, ++row); }
+
+    std::size_t row = 0;
+};
+
+TEST_F(losses_of_thumbnails, are_none_when_every_row_has_its_picture)
+{
+    add(clip());
+    clip_record timeless = clip();
+    timeless.image_time.reset();
+    add(timeless);
+    EXPECT_TRUE(run.lost.is_empty());
+}
+
+TEST_F(losses_of_thumbnails, are_the_rows_with_a_placeholder_and_the_files_that_cannot_be_read)
+{
+    add(clip("Clip", "/offline.mov"));
+    media.is_yosemite_or_later = media.is_mojave_or_later = false;
+    media.movie_frame_at_time = media.movie_frame_at_start = false;
+    add(clip("Clip", "/broken.mov"));
+    add(clip("Clip", "/broken.mov"));
+    EXPECT_THAT(sentences_of(run.lost),
+                ElementsAre("1 media file could not be read (/broken.mov).",
+                            "3 rows show a placeholder instead of a picture."));
+}
+
+TEST_F(losses_of_thumbnails, are_the_rows_that_show_nothing)
+{
+    media.image_has_data = media.asset_frame_at_time = media.asset_frame_at_start = false;
+    add(clip("Clip", "/broken.mov"));
+    media.asset_frame_at_time = true;
+    media.disk_is_full = true;
+    add(clip());
+    media.disk_is_full = false;
+    add(clip("A/B"));
+    EXPECT_THAT(sentences_of(run.lost),
+                ElementsAre("1 media file could not be read (/broken.mov).",
+                            "3 rows are without their pictures, which could not be made."));
 }
 
 TEST_F(thumbnails, are_deleted_when_they_were_inserted)

@@ -3,17 +3,19 @@
 
 namespace tallyframe::testing_support {
 
-analyzed_document::analyzed_document(std::string_view text, std::string_view uuid, std::string_view scope)
+analyzed_document::analyzed_document(std::string_view text, std::string_view uuid, report_scope scope)
     : parsed(parsed_text(std::string(text)))
 {
     analyze_again(uuid, scope);
 }
 
-void analyzed_document::analyze_again(std::string_view uuid, std::string_view scope)
+void analyzed_document::analyze_again(std::string_view uuid, report_scope scope)
 {
     out = {};
     display = {};
-    result = analyze(parsed.index, uuid, scope, video_checkboxes, audio_checkboxes, out, display);
+    media_catalogues catalogues;
+    result = analyze(parsed.index, parsed.index.sequence_with_uuid(uuid), additions, catalogues, scope,
+                     video_checkboxes, audio_checkboxes, out, display);
 }
 
 } // namespace tallyframe::testing_support

@@ -16,25 +16,26 @@ namespace tallyframe::testing_support {
 /// A document with its analysis and all that a host has been told meanwhile.
 struct analyzed_document {
     parsed_xml parsed;
+    document_additions additions;
     track_checkboxes video_checkboxes, audio_checkboxes;
     kept_diagnostics out;
     counting_progress display;
     analysis_result result;
 
     explicit analyzed_document(std::string_view text, std::string_view uuid = "uuid-1",
-                               std::string_view scope = "video + audio");
+                               report_scope scope = report_scope::video_audio);
     explicit analyzed_document(const xmeml& builder, std::string_view uuid = "uuid-1",
-                               std::string_view scope = "video + audio")
+                               report_scope scope = report_scope::video_audio)
         : analyzed_document(builder.text(), uuid, scope)
     {
     }
 
-    void analyze_again(std::string_view uuid = "uuid-1", std::string_view scope = "video + audio");
+    void analyze_again(std::string_view uuid = "uuid-1", report_scope scope = report_scope::video_audio);
 };
 
 /// The records alone.
 inline analysis_result analysis_of(const xmeml& builder, std::string_view uuid = "uuid-1",
-                                   std::string_view scope = "video + audio")
+                                   report_scope scope = report_scope::video_audio)
 {
     return analyzed_document(builder, uuid, scope).result;
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/diagnostics.h"
+#include "run/diagnostics.h"
 
 #include <string>
 #include <string_view>

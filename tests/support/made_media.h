@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/media_tools/child_process.h"
+#include "media_files/child_process.h"
 #include "platform/thumbnailer.h"
 #include "support/temporary_folder.h"
 

@@ -13,10 +13,10 @@ template <class Record>
 Record placed(const std::string& track, std::int64_t start, std::int64_t end)
 {
     Record record;
-    record.track = track;
-    record.seq_start_frame = start;
-    record.seq_end_frame = end;
-    record.seq_length = end - start + 1;
+    record.place.track = track;
+    record.place.seq_start_frame = start;
+    record.place.seq_end_frame = end;
+    record.place.seq_length = end - start + 1;
     return record;
 }
 
@@ -41,7 +41,7 @@ inline clip_record clip_of_file(const std::string& path, const std::string& trac
 inline clip_record full_clip()
 {
     auto record = clip("Interview", "V1", 90000, 90049);
-    record.track_name = " Main";
+    record.place.track_name = " Main";
     record.bin = "Day 1";
     record.src_start_frame = 250;
     record.src_end_frame = 299;
@@ -49,7 +49,7 @@ inline clip_record full_clip()
     record.fcp_rate = frame_rate{25, false};
     record.type = "PAL (25 fps)";
     record.frame_size = "1920 × 1080";
-    record.displayformat = "NDF";
+    record.displayformat = display_format::non_drop_frame;
     record.notes = {.description = "description",
                     .scene = "scene",
                     .shottake = "shottake",
@@ -124,7 +124,7 @@ inline clip_marker_record clip_marker(const std::string& name, const std::string
 {
     clip_marker_record record;
     record.name = name;
-    record.track = track;
+    record.place.track = track;
     record.in_frame = in_frame;
     record.out_frame = in_frame;
     return record;
@@ -137,7 +137,24 @@ inline analysis_result sequence_at_25()
     analysis.is_sequence = true;
     analysis.sequence_name = "Cut";
     analysis.seq_fcp_rate = frame_rate{25, false};
-    analysis.seq_displayformat = "NDF";
+    analysis.seq_displayformat = display_format::non_drop_frame;
+    return analysis;
+}
+
+/// A sequence with something for every sheet.
+inline analysis_result sequence_for_every_sheet()
+{
+    analysis_result analysis = sequence_at_25();
+    analysis.video_clip_data_array = {full_clip()};
+    analysis.audio_clip_data_array = {clip_of_file("/song.wav", "A1", 0, 49)};
+    analysis.generatoritem_array = {generator("Title", "V1", 0, 9), generator("Slug", "V1", 10, 19)};
+    analysis.video_transition_array = {transition("Wipe", true, "V1")};
+    analysis.audio_transition_array = {transition("Cross Fade", true, "A1")};
+    analysis.video_clip_filter_array = {filter("Blur", true, "V1")};
+    analysis.video_clip_motion_array = {motion("Scale (50%)", "V1")};
+    analysis.video_clip_marker_array = {clip_marker("Note", "V1", 3)};
+    analysis.seq_markers_data_array = {sequence_marker("Start", 0), sequence_marker("End", 99)};
+    analysis.reels_array = {"A001", "B002"};
     return analysis;
 }
 

@@ -3,16 +3,25 @@
 
 #include "support/temporary_folder.h"
 #include "window/main_window.h"
-#include "window/progress_sheet.h"
-#include "window/qt_text.h"
+#include "window/models/qt_text.h"
+#include "window/panels/layouts_editor.h"
+#include "window/panels/progress_sheet.h"
+#include "window/patience.h"
 
 #include <gmock/gmock.h>
+#include <qtestspontaneevent.h>
 
+#include <QAbstractButton>
+#include <QAbstractSpinBox>
+#include <QApplication>
 #include <QComboBox>
+#include <QListView>
 #include <QMessageBox>
 #include <QSettings>
+#include <QTabWidget>
 #include <QTableView>
 #include <QTest>
+#include <QWheelEvent>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -20,10 +29,9 @@
 #include <stdexcept>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace tallyframe::window {
-
-inline constexpr int patience = 30000; // milliseconds; the sanitizers are slow
 
 inline std::string bytes_of(const std::filesystem::path& path)
 {
@@ -98,6 +106,64 @@ protected:
     {
         window->save_report_as(qt_path(path));
         wait_for_run();
+    }
+
+    /// Presses a key in a field, as if it had the focus of an active window.
+    template <class Field>
+    void press(const char* field, Qt::Key key)
+    {
+        QTest::keyClick(&find<Field>(field), key);
+    }
+
+    /// The fields whose values a wheel turns.
+    std::vector<QWidget*> fields()
+    {
+        std::vector<QWidget*> found;
+        for (QComboBox* field : window->findChildren<QComboBox*>())
+            found.push_back(field);
+        for (QAbstractSpinBox* field : window->findChildren<QAbstractSpinBox*>())
+            found.push_back(field);
+        return found;
+    }
+
+    static QString text_in(const QWidget& field)
+    {
+        const auto* popup = qobject_cast<const QComboBox*>(&field);
+        return popup != nullptr ? popup->currentText() : dynamic_cast<const QAbstractSpinBox&>(field).text();
+    }
+
+    /// Brings the page of the options to which a field belongs to the front.
+    void show_page_of(const QWidget& field)
+    {
+        auto& pages = find<QTabWidget>("optionsTabs");
+        for (int page = 0; page < pages.count(); ++page) {
+            if (pages.widget(page)->isAncestorOf(&field))
+                pages.setCurrentIndex(page);
+        }
+    }
+
+    /// As by the mouse: what the field does not take goes on to its parent.
+    static void turn_wheel_over(QWidget& field, int angle)
+    {
+        const QPointF place = QRectF(field.rect()).center();
+        QWheelEvent wheel(place, field.mapToGlobal(place), {}, QPoint(0, angle), Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QSpontaneKeyEvent::setSpontaneous(&wheel);
+        QWidget* inside = field.childAt(place.toPoint());
+        qApp->notify(inside != nullptr ? inside : &field, &wheel);
+    }
+
+    void make_layout(const QString& name) { make_layout(name, *window); }
+
+    static void make_layout(const QString& name, const main_window& in)
+    {
+        in.findChild<QAbstractButton*>("editLayoutsButton")->click();
+        auto* editor = in.findChild<layouts_editor*>("layoutsEditor");
+        editor->findChild<QAbstractButton*>("newLayoutButton")->click();
+        auto* names = editor->findChild<QListView*>("layoutsListView");
+        names->model()->setData(names->currentIndex(), name, Qt::EditRole);
+        editor->accept();
+        QTest::qWait(1);
     }
 
     int rows_of(const char* table) { return find<QTableView>(table).model()->rowCount(); }

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "cli/run.h"
-#include "platform/gui_mode.h"
+#include "run/gui_mode.h"
 #include "support/made_media.h"
 #include "support/xmeml_builder.h"
-#include "window/asked_desktop.h"
+#include "window/desktop/asked_desktop.h"
 #include "window/main_window_fixture.h"
-#include "window/media_places_model.h"
+#include "window/models/media_places_model.h"
 
 #include <QAbstractButton>
 #include <QCheckBox>

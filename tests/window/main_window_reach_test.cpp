@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What a user reaches, and how: menus, shortcuts, the Tab key, dialogs, the desktop.
-#include "window/asked_desktop.h"
+#include "window/desktop/asked_desktop.h"
 #include "window/main_window_fixture.h"
 
 #include <QAbstractButton>

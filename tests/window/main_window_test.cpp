@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "cli/run.h"
-#include "platform/gui_mode.h"
+#include "media_files/thumbnail_folder.h"
+#include "run/gui_mode.h"
 #include "support/xmeml_builder.h"
-#include "window/layouts_editor.h"
 #include "window/main_menu.h"
 #include "window/main_window_fixture.h"
-#include "window/progress_sheet.h"
+#include "window/panels/layouts_editor.h"
 
 #include <gmock/gmock.h>
 
@@ -17,8 +17,9 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QMimeData>
-#include <QProgressBar>
+#include <QProcess>
 #include <QTabBar>
 #include <QTableView>
 #include <sstream>
@@ -129,7 +130,7 @@ TEST_F(main_window_test, analyzes_anew_when_the_scope_changes)
     EXPECT_LT(rows_of("previewTableView"), all_rows);
     EXPECT_FALSE(skip.isChecked());
     EXPECT_FALSE(skip.isEnabled());
-    EXPECT_EQ(window->runner().session().import_video_audio_preference, "video");
+    EXPECT_EQ(window->runner().session().import_video_audio_preference, report_scope::video);
     buttons.button(0)->click();
     wait_for_run();
     EXPECT_EQ(rows_of("previewTableView"), all_rows);
@@ -159,6 +160,18 @@ TEST_F(main_window_test, says_that_a_file_is_no_timeline)
               std::pair(std::string("This is not a Final Cut Pro XML file"),
                         std::string("Please choose an XML file exported from\nPremiere Pro CC or Final "
                                     "Cut Pro.")));
+}
+
+TEST_F(main_window_test, says_why_a_document_is_refused)
+{
+    std::string deep;
+    for (int i = 0; i < 300; ++i)
+        deep = "<bin>" + deep + "</bin>";
+    open_text("<xmeml>" + deep + "</xmeml>");
+    EXPECT_EQ(alert(),
+              std::pair(std::string("This XML file cannot be opened"),
+                        std::string("The document nests elements more than 256 deep. Please export a simpler "
+                                    "sequence.")));
 }
 
 TEST_F(main_window_test, asks_to_report_an_unexpected_failure_of_the_catalogue)
@@ -244,6 +257,42 @@ TEST_F(main_window_test, brings_choices_and_layouts_back_at_the_next_start)
     EXPECT_EQ(window->kept_choices().recent_documents.value(0), qt_path(night_market));
 }
 
+TEST_F(main_window_test, keeps_what_another_process_has_kept_meanwhile)
+{
+    const QString settings_path = settings->fileName();
+    find<QCheckBox>("motionSheetCheckbox").click();
+    settings->sync();
+    ASSERT_EQ(
+        QProcess::execute(QApplication::applicationFilePath(), {"--make-layout", settings_path, "Theirs"}),
+        0);
+    find<QCheckBox>("filtersSheetCheckbox").click();
+    make_layout("Mine");
+    EXPECT_EQ(find<QComboBox>("layoutsAppPopupMenu").count(), 3) << "the other's layout is here too";
+    EXPECT_EQ(find<QComboBox>("layoutsAppPopupMenu").currentText(), "Mine");
+    start();
+    const auto& layouts = find<QComboBox>("layoutsAppPopupMenu");
+    ASSERT_EQ(layouts.count(), 3);
+    EXPECT_EQ(layouts.itemText(1), "Theirs");
+    EXPECT_EQ(layouts.itemText(2), "Mine");
+    EXPECT_FALSE(find<QCheckBox>("summarySheetCheckbox").isChecked()) << "switched off there";
+    EXPECT_FALSE(find<QCheckBox>("motionSheetCheckbox").isChecked());
+    EXPECT_FALSE(find<QCheckBox>("filtersSheetCheckbox").isChecked());
+}
+
+TEST_F(main_window_test, keeps_what_another_window_has_kept_meanwhile)
+{
+    QSettings other_settings(settings->fileName(), QSettings::IniFormat);
+    main_window other(other_settings, out);
+    make_layout("Mine");
+    make_layout("Theirs", other);
+    find<QCheckBox>("filtersSheetCheckbox").click();
+    other.findChild<QCheckBox*>("motionSheetCheckbox")->click();
+    start();
+    EXPECT_EQ(find<QComboBox>("layoutsAppPopupMenu").count(), 3);
+    EXPECT_FALSE(find<QCheckBox>("motionSheetCheckbox").isChecked());
+    EXPECT_FALSE(find<QCheckBox>("filtersSheetCheckbox").isChecked());
+}
+
 TEST_F(main_window_test, saves_a_report_and_leads_to_it)
 {
     open(night_market);
@@ -316,9 +365,36 @@ TEST_F(main_window_test, never_writes_over_the_timeline)
     open_text(two_sequences());
     choose(0);
     const std::string before = bytes_of(folder.path() / "document.xml");
-    save(folder.path() / "document.xml");
-    EXPECT_EQ(alert().first, "The report could not be saved");
-    EXPECT_EQ(bytes_of(folder.path() / "document.xml"), before);
+    fs::create_symlink(folder.path() / "document.xml", folder.path() / "soft.xls");
+    fs::create_hard_link(folder.path() / "document.xml", folder.path() / "hard.xls");
+    fs::create_directory_symlink(folder.path(), folder.path() / "here");
+    for (const char* name : {"document.xml", "soft.xls", "hard.xls", "here/document.xml"}) {
+        save(folder.path() / name);
+        EXPECT_EQ(
+            alert(),
+            std::pair(std::string("The report could not be saved"),
+                      std::string("This is the timeline itself. Choose another name for the workbook.")))
+            << name;
+        EXPECT_EQ(bytes_of(folder.path() / name), before) << name;
+    }
+    EXPECT_TRUE(fs::is_symlink(folder.path() / "soft.xls"));
+}
+
+TEST_F(main_window_test, never_keeps_pictures_around_the_timeline)
+{
+    fs::create_directory(place_of_thumbnails(folder.path() / "cut.xls"));
+    const fs::path document = place_of_thumbnails(folder.path() / "cut.xls") / "document.xml";
+    std::ofstream(document) << two_sequences();
+    open(document);
+    choose(0);
+    find<QCheckBox>("inpointThumbnailsCheckbox").setChecked(true);
+    find<QCheckBox>("keepThumbnailsCheckbox").setChecked(true);
+    save(folder.path() / "cut.xls");
+    EXPECT_EQ(alert(),
+              std::pair(std::string("The report could not be saved"),
+                        std::string("The pictures would be kept in the timeline's own folder. Choose another "
+                                    "name for the workbook.")));
+    EXPECT_FALSE(fs::exists(folder.path() / "cut.xls"));
 }
 
 TEST_F(main_window_test, leaves_an_older_workbook_alone_when_saving_is_cancelled)
@@ -408,67 +484,6 @@ TEST_F(main_window_test, shows_the_beginning_of_names_of_megabytes)
     const auto& preview = find<QTableView>("previewTableView");
     EXPECT_EQ(preview.model()->index(0, 1).data().toString().size(), 1001);
     EXPECT_EQ(find<QLabel>("countsLabel").text(), "1 row, 33 columns");
-}
-
-TEST(progress_sheet, keeps_its_width_whatever_it_tells)
-{
-    run_progress display;
-    progress_sheet few;
-    few.follow(display, "Opening");
-    display.show_message("Searching /" + std::string(400, 'x'));
-    progress_sheet many;
-    many.follow(display, "Opening " + QString(400, 'x'));
-    EXPECT_EQ(many.sizeHint(), few.sizeHint());
-}
-
-TEST(progress_sheet, shows_the_message_the_bar_and_the_badge)
-{
-    progress_sheet sheet;
-    run_progress display;
-    QStringList badges;
-    QObject::connect(&sheet, &progress_sheet::badge_changed, [&](const QString& text) { badges << text; });
-    display.begin(4);
-    display.advance("Analyzing Clips in Track V1\n");
-    sheet.follow(display, "Analyzing");
-    EXPECT_EQ(sheet.findChild<QLabel*>("progressMessage")->text(), "Analyzing Clips in Track V1");
-    const auto* bar = sheet.findChild<QProgressBar*>("progressIndicator");
-    EXPECT_EQ(bar->value() * 4, bar->maximum());
-    EXPECT_FALSE(sheet.isVisible()) << "a short run does not flash";
-    ASSERT_TRUE(QTest::qWaitFor([&] { return sheet.isVisible(); }, patience));
-    display.spin("Saving spreadsheet...\n");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return bar->maximum() == 0; }, patience));
-    sheet.finish();
-    EXPECT_FALSE(sheet.isVisible());
-    EXPECT_EQ(badges, (QStringList{"25%", ""})) << "the badge stays while the bar moves to and fro";
-}
-
-TEST(progress_sheet, speaks_of_reading_until_the_run_knows_its_length)
-{
-    progress_sheet sheet;
-    run_progress display;
-    sheet.follow(display, "Saving");
-    const auto* message = sheet.findChild<QLabel*>("progressMessage");
-    EXPECT_EQ(message->text(), "Reading…");
-    display.begin(100);
-    display.advance({}); // a row is written; the bar tells
-    EXPECT_TRUE(QTest::qWaitFor([&] { return message->text().isEmpty(); }, patience));
-    sheet.finish();
-}
-
-TEST(progress_sheet, asks_for_the_runs_end_once_and_waits_for_it)
-{
-    progress_sheet sheet;
-    const run_progress display;
-    int requests = 0;
-    QObject::connect(&sheet, &progress_sheet::cancel_requested, [&] { ++requests; });
-    sheet.follow(display, "Saving");
-    sheet.open();
-    QTest::keyClick(&sheet, Qt::Key_Escape);
-    sheet.findChild<QAbstractButton*>("cancelButton")->click();
-    EXPECT_EQ(requests, 1);
-    EXPECT_TRUE(sheet.isVisible());
-    EXPECT_EQ(sheet.findChild<QLabel*>("progressMessage")->text(), "Stopping…");
-    sheet.finish();
 }
 
 } // namespace tallyframe::window

@@ -51,6 +51,20 @@ class Program(unittest.TestCase):
                 self.assertEqual(run.returncode, 0, error)
                 self.assertIn("geometry", self.settings.read_text(), "closed, not killed")
 
+    def test_it_answers_and_complains_without_a_display(self):
+        without_display = {name: value for name, value in self.environment.items()
+                           if name not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM")}
+        for arguments, code, answer, complaint in (
+                (["--help"], 0, r"tallyframe-window \[DOCUMENT\]\n", r""),
+                (["--version"], 0, r"tallyframe-window [\d.]+\n", r""),
+                (["--fast"], 2, r"", r'tallyframe-window: There is no option "--fast"\. .*\n'),
+                (["a.xml", "b.xml"], 2, r"", r"tallyframe-window: One document can be opened at a time\. .*\n")):
+            run = subprocess.run([PROGRAM, *arguments], env=without_display, capture_output=True, text=True,
+                                 timeout=PATIENCE)
+            self.assertEqual(run.returncode, code, arguments)
+            self.assertRegex(run.stdout, "^" + answer, arguments)
+            self.assertRegex(run.stderr, "^" + complaint + "$", arguments)
+
     def test_it_ends_in_the_middle_of_a_run(self):
         self.write_document(50_000)
         said = self.folder / "said.txt"

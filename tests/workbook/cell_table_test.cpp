@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "workbook/cell_table.h"
+#include "workbook/records/cell_table.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

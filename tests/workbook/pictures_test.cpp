@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include "workbook/drawing.h"
-#include "workbook/picture_file.h"
+#include "support/temporary_folder.h"
 #include "workbook/read_back.h"
+#include "workbook/records/drawing.h"
+#include "workbook/records/picture_file.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <fstream>
 
+using tallyframe::testing_support::temporary_folder;
 using testing::ElementsAre;
 using testing::HasSubstr;
 

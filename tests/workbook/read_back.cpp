@@ -1,40 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "workbook/read_back.h"
 
-#include <gtest/gtest.h>
+#include "support/temporary_folder.h"
 
-#include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 #include <fstream>
 #include <memory>
 #include <sstream>
 
 namespace fs = std::filesystem;
-
-temporary_folder::temporary_folder()
-{
-    auto pattern = (fs::temp_directory_path() / "workbook-test-XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr)
-        throw std::runtime_error("no temporary folder");
-    path_ = pattern;
-}
-
-temporary_folder::~temporary_folder()
-{
-    std::error_code error;
-    fs::permissions(path_, fs::perms::owner_all, error);
-    fs::remove_all(path_, error);
-}
-
-std::vector<std::string> temporary_folder::names() const
-{
-    std::vector<std::string> found;
-    for (const auto& entry : fs::directory_iterator(path_))
-        found.push_back(entry.path().filename());
-    std::ranges::sort(found);
-    return found;
-}
 
 std::vector<std::string> read_back(const fs::path& file)
 {
@@ -55,7 +29,7 @@ std::vector<std::string> read_back(const fs::path& file)
 
 std::vector<std::string> read_back(xls::workbook& book)
 {
-    const temporary_folder folder;
+    const tallyframe::testing_support::temporary_folder folder;
     const auto path = folder / "book.xls";
     const auto bytes = book.to_bytes();
     std::ofstream(path, std::ios::binary)

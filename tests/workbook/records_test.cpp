@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "workbook/cell_records.h"
 #include "workbook/colors.h"
-#include "workbook/format_table.h"
-#include "workbook/globals_records.h"
-#include "workbook/sheet_records.h"
+#include "workbook/records/cell_records.h"
+#include "workbook/records/format_table.h"
+#include "workbook/records/globals_records.h"
+#include "workbook/records/sheet_records.h"
 #include "workbook/workbook.h"
 
 #include <gmock/gmock.h>

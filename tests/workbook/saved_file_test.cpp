@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "support/small_files.h"
+#include "support/temporary_folder.h"
+#include "workbook/file/saved_file.h"
 #include "workbook/read_back.h"
-#include "workbook/saved_file.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,8 +14,6 @@
 #include <unistd.h>
 
 #include <csignal>
-#include <fstream>
-#include <iterator>
 
 namespace fs = std::filesystem;
 
@@ -23,19 +23,9 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
+using namespace tallyframe::testing_support;
 
 namespace {
-
-std::string content_of(const fs::path& path)
-{
-    std::ifstream stream(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-void write_text(const fs::path& path, const std::string& text)
-{
-    std::ofstream(path, std::ios::binary) << text;
-}
 
 int permissions_of(const fs::path& path)
 {
@@ -55,6 +45,11 @@ std::string save_at(const fs::path& path, std::size_t rows = 1)
         return error.what();
     }
     return {};
+}
+
+std::string refusal_of(const fs::path& path, const std::string& reason)
+{
+    return "The workbook \"" + path.string() + "\" was not saved: " + reason;
 }
 
 const std::string compound_file_start = "\xD0\xCF\x11\xE0";
@@ -110,7 +105,7 @@ TEST(close, writes_a_new_file_by_the_umask)
 TEST(close, replaces_an_older_file_and_keeps_its_permissions)
 {
     const temporary_folder folder;
-    write_text(folder / "a.xls", "old");
+    write_file(folder / "a.xls", "old");
     fs::permissions(folder / "a.xls", fs::perms{0604});
     EXPECT_EQ(save_at(folder / "a.xls"), "");
     EXPECT_THAT(content_of(folder / "a.xls"), StartsWith(compound_file_start));
@@ -120,19 +115,16 @@ TEST(close, replaces_an_older_file_and_keeps_its_permissions)
 
 TEST(close, writes_into_the_current_folder)
 {
-    const temporary_folder folder;
-    const auto before = fs::current_path();
-    fs::current_path(folder.path());
+    const scratch_folder folder;
     EXPECT_EQ(save_at("a.xls"), "");
-    fs::current_path(before);
-    EXPECT_THAT(folder.names(), ElementsAre("a.xls"));
+    EXPECT_THAT(folder.files(), ElementsAre("a.xls"));
 }
 
 TEST(close, follows_symbolic_links)
 {
     const temporary_folder folder;
     fs::create_directory(folder / "reports");
-    write_text(folder / "reports" / "real.xls", "old");
+    write_file(folder / "reports" / "real.xls", "old");
     fs::create_symlink("reports/real.xls", folder / "near.xls");
     fs::create_symlink(folder / "near.xls", folder / "far.xls");
     EXPECT_EQ(save_at(folder / "far.xls"), "");
@@ -143,6 +135,16 @@ TEST(close, follows_symbolic_links)
     fs::create_symlink("reports/not-yet.xls", folder / "dangling.xls");
     EXPECT_EQ(save_at(folder / "dangling.xls"), "");
     EXPECT_TRUE(fs::exists(folder / "reports" / "not-yet.xls"));
+}
+
+TEST(close, leaves_the_other_names_of_an_older_file_their_content)
+{
+    const temporary_folder folder;
+    write_file(folder / "a.xls", "old");
+    fs::create_hard_link(folder / "a.xls", folder / "b.xls");
+    EXPECT_EQ(save_at(folder / "a.xls"), "");
+    EXPECT_THAT(content_of(folder / "a.xls"), StartsWith(compound_file_start));
+    EXPECT_EQ(content_of(folder / "b.xls"), "old");
 }
 
 TEST(close, refuses_a_circle_of_links)
@@ -157,9 +159,12 @@ TEST(close, refuses_a_circle_of_links)
 TEST(close, refuses_a_read_only_file)
 {
     const temporary_folder folder;
-    write_text(folder / "a.xls", "old");
+    write_file(folder / "a.xls", "old");
     fs::permissions(folder / "a.xls", fs::perms{0444});
-    EXPECT_THAT(save_at(folder / "a.xls"), AllOf(HasSubstr("a.xls"), HasSubstr("read-only")));
+    EXPECT_EQ(save_at(folder / "a.xls"),
+              refusal_of(folder / "a.xls",
+                         "there is a file of this name that is read-only. Choose another name or unlock the "
+                         "file."));
     EXPECT_EQ(content_of(folder / "a.xls"), "old");
     EXPECT_THAT(folder.names(), ElementsAre("a.xls"));
 }
@@ -168,25 +173,30 @@ TEST(close, refuses_what_is_no_file)
 {
     const temporary_folder folder;
     fs::create_directory(folder / "a.xls");
-    EXPECT_THAT(save_at(folder / "a.xls"), HasSubstr("a folder of this name"));
-    EXPECT_THAT(save_at("/dev/null"), HasSubstr("not a file"));
+    EXPECT_EQ(save_at(folder / "a.xls"),
+              refusal_of(folder / "a.xls", "there is a folder of this name. Choose another name."));
+    EXPECT_EQ(
+        save_at("/dev/null"),
+        refusal_of("/dev/null", "there is something of this name that is not a file. Choose another name."));
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
 }
 
 TEST(close, says_that_the_folder_is_missing)
 {
     const temporary_folder folder;
-    EXPECT_THAT(save_at(folder / "none/a.xls"), HasSubstr("folder does not exist"));
+    EXPECT_EQ(save_at(folder / "none/a.xls"),
+              refusal_of(folder / "none/a.xls", "its folder does not exist. Choose another folder."));
     EXPECT_THAT(folder.names(), IsEmpty());
 }
 
 TEST(close, says_that_the_folder_takes_no_files)
 {
     const temporary_folder folder;
-    write_text(folder / "a.xls", "old");
+    write_file(folder / "a.xls", "old");
     fs::permissions(folder / "a.xls", fs::perms{0666});
     fs::permissions(folder.path(), fs::perms{0555});
-    EXPECT_THAT(as_nobody([&] { return save_at(folder / "a.xls"); }), HasSubstr("does not allow new files"));
+    EXPECT_EQ(as_nobody([&] { return save_at(folder / "a.xls"); }),
+              refusal_of(folder / "a.xls", "its folder does not allow new files. Choose another folder."));
     EXPECT_EQ(content_of(folder / "a.xls"), "old");
     EXPECT_THAT(folder.names(), ElementsAre("a.xls"));
 }
@@ -194,7 +204,7 @@ TEST(close, says_that_the_folder_takes_no_files)
 TEST(close, leaves_the_old_file_when_the_new_one_may_not_be_as_large)
 {
     const temporary_folder folder;
-    write_text(folder / "a.xls", "old");
+    write_file(folder / "a.xls", "old");
     fs::permissions(folder.path(), fs::perms{0777});
     fs::permissions(folder / "a.xls", fs::perms{0666});
     const auto full = as_nobody([&] {
@@ -216,7 +226,7 @@ TEST(close, leaves_the_old_file_when_the_disk_is_full)
         if (unshare(CLONE_NEWNS) != 0 || mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0
             || mount("tmpfs", folder.path().c_str(), "tmpfs", 0, "size=256k") != 0)
             return "no disk";
-        write_text(folder / "a.xls", "old");
+        write_file(folder / "a.xls", "old");
         const auto refusal = save_at(folder / "a.xls", 60000);
         return refusal + "\n" + content_of(folder / "a.xls") + "\n" + testing::PrintToString(folder.names());
     });
@@ -236,10 +246,49 @@ TEST(close, can_be_tried_again_after_a_failure)
     EXPECT_EQ(read_back(folder / "later/a.xls").size(), 2U);
 }
 
+TEST(close, says_that_the_name_is_too_long)
+{
+    const temporary_folder folder;
+    const auto path = folder / (std::string(252, 'x') + ".xls");
+    EXPECT_EQ(save_at(path), refusal_of(path, "its name is too long. Choose a shorter name."));
+    EXPECT_THAT(folder.names(), IsEmpty());
+}
+
+TEST(close, lets_its_caller_act_and_refuse_before_the_file_takes_its_place)
+{
+    const temporary_folder folder;
+    write_file(folder / "a.xls", "old");
+    xls::workbook book(folder / "a.xls");
+    book.add_worksheet("All Reels");
+    EXPECT_THROW(book.close([] { throw std::runtime_error("no"); }), std::runtime_error);
+    EXPECT_THAT(folder.names(), ElementsAre("a.xls"));
+    std::string seen;
+    book.close([&] { seen = content_of(folder / "a.xls"); });
+    EXPECT_EQ(seen, "old");
+    EXPECT_THAT(content_of(folder / "a.xls"), StartsWith(compound_file_start));
+}
+
+TEST(check_target, refuses_what_close_would_and_touches_nothing)
+{
+    const temporary_folder folder;
+    write_file(folder / "a.xls", "old");
+    xls::check_target(folder / "a.xls");
+    xls::check_target(folder / "b.xls");
+    EXPECT_EQ(content_of(folder / "a.xls"), "old");
+    EXPECT_THAT(folder.names(), ElementsAre("a.xls"));
+    try {
+        xls::check_target(folder / "none/a.xls");
+        FAIL() << "not refused";
+    } catch (const xls::workbook_error& error) {
+        EXPECT_EQ(error.what(),
+                  refusal_of(folder / "none/a.xls", "its folder does not exist. Choose another folder."));
+    }
+}
+
 TEST(close, touches_nothing_when_a_sheet_is_too_long)
 {
     const temporary_folder folder;
-    write_text(folder / "a.xls", "old");
+    write_file(folder / "a.xls", "old");
     EXPECT_THAT(save_at(folder / "a.xls", 65537), HasSubstr("65,537 rows"));
     EXPECT_EQ(content_of(folder / "a.xls"), "old");
     EXPECT_THAT(folder.names(), ElementsAre("a.xls"));

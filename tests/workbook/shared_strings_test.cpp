@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "workbook/record.h"
-#include "workbook/shared_strings.h"
-#include "workbook/unicode.h"
+#include "workbook/records/record.h"
+#include "workbook/records/shared_strings.h"
+#include "workbook/records/unicode.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "workbook/unicode.h"
+#include "workbook/records/unicode.h"
 
 #include <gtest/gtest.h>
 

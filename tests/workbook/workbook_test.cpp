@@ -208,6 +208,7 @@ TEST(workbook, cuts_long_texts_and_says_so_once)
     EXPECT_EQ(cells[0].size(), ("0 0 text \"\"" + plain).size() + 32767);
     EXPECT_EQ(cells[1].size(), ("4 27 text \"\"" + plain).size() + 32766);
     EXPECT_THAT(log, ElementsAre(AllOf(HasSubstr("cell AB5"), HasSubstr("\"Notes\""))));
+    EXPECT_THAT(book.cut_texts(), ElementsAre(xls::cut_text{"Notes", 4, 27}));
 }
 
 TEST(workbook, refuses_rows_and_columns_that_a_sheet_does_not_hold)

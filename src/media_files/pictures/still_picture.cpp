@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#include "media_files/pictures/still_picture.h"
+
+#include "media_files/pictures/displayed_picture.h"
+#include "media_files/pictures/ffmpeg_handles.h"
+
+extern "C" {
+#include <libavutil/log.h>
+}
+
+#include <algorithm>
+#include <array>
+#include <fstream>
+#include <string>
+#include <string_view>
+
+namespace tallyframe {
+
+namespace {
+
+using namespace std::string_view_literals;
+
+/// Stills are read whole into memory; layered pictures of half a gigabyte exist, larger ones do not pay.
+constexpr std::uintmax_t largest_file = 512U << 20U;
+
+struct still_kind {
+    AVCodecID codec;
+    std::string_view mark;
+    std::size_t at = 0; ///< where in the file the mark stands
+};
+
+constexpr std::array<still_kind, 14> kinds_by_mark = {{
+    {AV_CODEC_ID_MJPEG, "\xFF\xD8\xFF"sv},
+    {AV_CODEC_ID_PNG, "\x89PNG\r\n\x1A\n"sv},
+    {AV_CODEC_ID_TIFF, "II*\0"sv},
+    {AV_CODEC_ID_TIFF, "MM\0*"sv},
+    {AV_CODEC_ID_DPX, "SDPX"sv},
+    {AV_CODEC_ID_DPX, "XPDS"sv},
+    {AV_CODEC_ID_PSD, "8BPS"sv},
+    {AV_CODEC_ID_GIF, "GIF8"sv},
+    {AV_CODEC_ID_WEBP, "WEBP"sv, 8},
+    {AV_CODEC_ID_SGI, "\x01\xDA"sv},
+    {AV_CODEC_ID_PPM, "P6"sv},
+    {AV_CODEC_ID_PGM, "P5"sv},
+    {AV_CODEC_ID_BMP, "BM"sv},
+    {AV_CODEC_ID_QDRAW, "\x00\x11\x02\xFF"sv, 522},
+}};
+
+struct still_extension {
+    AVCodecID codec;
+    std::string_view extension;
+};
+
+constexpr std::array<still_extension, 5> kinds_by_extension = {{
+    {AV_CODEC_ID_TARGA, ".tga"},
+    {AV_CODEC_ID_TARGA, ".targa"},
+    {AV_CODEC_ID_PCX, ".pcx"},
+    {AV_CODEC_ID_QDRAW, ".pct"},
+    {AV_CODEC_ID_QDRAW, ".pict"},
+}};
+
+std::string first_bytes(const std::filesystem::path& file)
+{
+    std::string bytes(532, '\0');
+    std::ifstream in(file, std::ios::binary);
+    in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    bytes.resize(static_cast<std::size_t>(in.gcount()));
+    return bytes;
+}
+
+std::string lower_case_extension(const std::filesystem::path& file)
+{
+    std::string extension = file.extension().string();
+    std::transform(extension.begin(), extension.end(), extension.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    return extension;
+}
+
+AVCodecID codec_of(const std::filesystem::path& file)
+{
+    const std::string bytes = first_bytes(file);
+    for (const still_kind& kind : kinds_by_mark) {
+        if (bytes.size() > kind.at && std::string_view(bytes).substr(kind.at).starts_with(kind.mark))
+            return kind.codec;
+    }
+    const std::string extension = lower_case_extension(file);
+    for (const still_extension& kind : kinds_by_extension) {
+        if (extension == kind.extension)
+            return kind.codec;
+    }
+    return AV_CODEC_ID_NONE;
+}
+
+packet_ptr whole_file(const std::filesystem::path& file)
+{
+    std::error_code error;
+    const std::uintmax_t size = std::filesystem::file_size(file, error);
+    packet_ptr packet(av_packet_alloc());
+    if (error || size > largest_file || !packet || av_new_packet(packet.get(), static_cast<int>(size)) < 0)
+        return nullptr;
+    std::ifstream in(file, std::ios::binary);
+    in.read(reinterpret_cast<char*>(packet->data), packet->size);
+    av_shrink_packet(packet.get(), static_cast<int>(in.gcount()));
+    return packet;
+}
+
+frame_ptr decoded(AVCodecID id, const AVPacket& packet)
+{
+    const AVCodec* codec = avcodec_find_decoder(id);
+    codec_context_ptr decoder(codec != nullptr ? avcodec_alloc_context3(codec) : nullptr);
+    if (!decoder)
+        return nullptr;
+    decoder->max_pixels = largest_frame_pixels;
+    decoder->thread_count = 1;
+    frame_ptr frame(av_frame_alloc());
+    const bool is_decoded = frame && avcodec_open2(decoder.get(), codec, nullptr) == 0
+        && avcodec_send_packet(decoder.get(), &packet) == 0
+        && avcodec_send_packet(decoder.get(), nullptr) == 0
+        && avcodec_receive_frame(decoder.get(), frame.get()) == 0;
+    return is_decoded ? std::move(frame) : nullptr;
+}
+
+} // namespace
+
+bool is_still_picture(const std::filesystem::path& file)
+{
+    return codec_of(file) != AV_CODEC_ID_NONE;
+}
+
+image_data read_still_picture(const std::filesystem::path& file)
+{
+    av_log_set_level(AV_LOG_QUIET);
+    const packet_ptr packet = whole_file(file);
+    const frame_ptr frame = packet ? decoded(codec_of(file), *packet) : nullptr;
+    if (!frame)
+        return nullptr;
+    const picture_size size = size_within(displayed_size(*frame, {}), largest_thumbnail_side);
+    std::optional<bitmap> picture = displayed_picture(*frame, {}, size);
+    return picture ? std::make_shared<const bitmap>(std::move(*picture)) : nullptr;
+}
+
+} // namespace tallyframe

@@ -1,0 +1,343 @@
+// SPDX-License-Identifier: MIT
+#include "media_files/pictures/video_stream.h"
+
+extern "C" {
+#include <libavutil/log.h>
+#include <libavutil/mathematics.h>
+}
+
+#include <algorithm>
+#include <new>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <utility>
+
+namespace tallyframe {
+
+namespace {
+
+/// Containers that hold frames themselves. Playlists, slide shows, and descriptions of streams stay out.
+constexpr const char* container_formats =
+    "mov,mp4,m4a,3gp,3g2,mj2,matroska,webm,avi,mxf,mpegts,mpeg,mpegvideo,asf,flv,live_flv,ogg,gxf,dv,"
+    "m4v,h264,hevc,dirac,dnxhd,vc1,mjpeg,ivf,nut,nsv,rm,swf,yuv4mpegpipe,lxf,mlv,r3d,smjpeg,bink,smk,"
+    "wav,w64,aiff,caf,mp3,aac,flac,ac3,au,wv,ape,dts,amr";
+
+/// Above this, decoders run on one thread, since each thread holds frames of its own.
+constexpr std::int64_t large_frame_pixels = 20'000'000;
+constexpr int most_threads = 4;
+
+/// The slowest decoder gets a limit of its own, so that a single frame ends within the time limit.
+constexpr std::int64_t largest_wavelet_frame_pixels = 25'000'000;
+
+int stop_when_over(void* limit)
+{
+    return static_cast<const time_limit*>(limit)->is_over() ? 1 : 0;
+}
+
+bool is_video(const AVStream& track)
+{
+    constexpr int not_moving = AV_DISPOSITION_ATTACHED_PIC | AV_DISPOSITION_TIMED_THUMBNAILS;
+    return track.codecpar->codec_type == AVMEDIA_TYPE_VIDEO && (track.disposition & not_moving) == 0;
+}
+
+bool is_intra_only(AVCodecID codec)
+{
+    const AVCodecDescriptor* descriptor = avcodec_descriptor_get(codec);
+    return descriptor != nullptr && (descriptor->props & AV_CODEC_PROP_INTRA_ONLY) != 0;
+}
+
+orientation track_orientation(AVStream* track)
+{
+    std::size_t size = 0;
+    const std::uint8_t* matrix = av_stream_get_side_data(track, AV_PKT_DATA_DISPLAYMATRIX, &size);
+    if (matrix == nullptr || size < 9 * sizeof(std::int32_t))
+        return {};
+    return orientation_of(reinterpret_cast<const std::int32_t*>(matrix));
+}
+
+std::int64_t usual_duration_of(const AVStream& track)
+{
+    const AVRational rate = track.avg_frame_rate.num > 0 ? track.avg_frame_rate : track.r_frame_rate;
+    return rate.num > 0 && rate.den > 0 ? av_rescale_q(1, av_inv_q(rate), track.time_base) : 0;
+}
+
+/// Whether all frames stored before a key frame are also shown before it, so that it can be placed by the
+/// order of storage.
+bool is_closed_at_key_frames(const AVCodecContext& decoder)
+{
+    return decoder.codec_id == AV_CODEC_ID_H264 || decoder.codec_id == AV_CODEC_ID_HEVC;
+}
+
+/// Whether a container stores with every packet when its frame is shown.
+bool times_every_frame(const AVFormatContext& format)
+{
+    const std::string_view name = format.iformat->name;
+    return name.starts_with("mov,") || name.starts_with("matroska,");
+}
+
+} // namespace
+
+video_stream::video_stream(format_context_ptr format, const time_limit& limit)
+    : limit_(limit), format_(std::move(format)), packet_(av_packet_alloc())
+{
+    if (!packet_)
+        throw std::bad_alloc();
+    choose_track();
+}
+
+std::unique_ptr<video_stream> video_stream::open(const std::filesystem::path& file, const time_limit& limit)
+{
+    std::unique_ptr<video_stream> stream = open_as_stored(file, limit);
+    if (!stream || !stream->has_video() || !stream->begins_without_time())
+        return stream;
+    const std::optional<std::int64_t> first_decoded = stream->first_decode_tick();
+    const std::optional<std::int64_t> first_tick = stream->counted_first_tick();
+    stream = open_as_stored(file, limit);
+    if (stream)
+        stream->begin_at(first_tick, first_decoded);
+    return stream;
+}
+
+std::unique_ptr<video_stream> video_stream::open_as_stored(const std::filesystem::path& file,
+                                                           const time_limit& limit)
+{
+    av_log_set_level(AV_LOG_QUIET); // what a file suffers from is not for the user's terminal
+    const std::string url = "file:" + file.string();
+    AVFormatContext* format = avformat_alloc_context();
+    if (format == nullptr)
+        throw std::bad_alloc();
+    // Handed back to stop_when_over, which only reads it.
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast)
+    format->interrupt_callback = {stop_when_over, const_cast<time_limit*>(&limit)};
+    AVDictionary* options = nullptr;
+    const bool is_confined = av_dict_set(&options, "format_whitelist", container_formats, 0) >= 0
+        && av_dict_set(&options, "protocol_whitelist", "file", 0) >= 0;
+    if (is_confined)
+        avformat_open_input(&format, url.c_str(), nullptr, &options); // null when it fails
+    av_dict_free(&options);
+    format_context_ptr owned(format);
+    if (!is_confined)
+        throw std::bad_alloc();
+    if (!owned || avformat_find_stream_info(format, nullptr) < 0)
+        return nullptr;
+    return std::unique_ptr<video_stream>(new video_stream(std::move(owned), limit));
+}
+
+void video_stream::choose_track()
+{
+    for (unsigned i = 0; i < format_->nb_streams; ++i) {
+        AVStream* track = format_->streams[i];
+        const bool is_default = (track->disposition & AV_DISPOSITION_DEFAULT) != 0;
+        const bool is_better =
+            track_ == nullptr || (is_default && (track_->disposition & AV_DISPOSITION_DEFAULT) == 0);
+        if (is_video(*track) && is_better)
+            track_ = track;
+    }
+    if (track_ == nullptr)
+        return;
+    for (unsigned i = 0; i < format_->nb_streams; ++i) {
+        AVStream* track = format_->streams[i];
+        track->discard = track == track_ ? AVDISCARD_DEFAULT : AVDISCARD_ALL;
+    }
+    first_tick_ = track_->start_time != AV_NOPTS_VALUE ? track_->start_time : 0;
+    next_tick_ = first_tick_;
+    usual_duration_ = usual_duration_of(*track_);
+    display_ = {av_guess_sample_aspect_ratio(format_.get(), track_, nullptr), track_orientation(track_)};
+    if (const AVCodec* codec = avcodec_find_decoder(track_->codecpar->codec_id))
+        open_decoder(*codec);
+}
+
+/// AVI and raw streams say of some frames only when to decode them.
+bool video_stream::begins_without_time()
+{
+    packet_waits_ = read_packet();
+    return packet_waits_ && packet_->pts == AV_NOPTS_VALUE;
+}
+
+std::optional<std::int64_t> video_stream::first_decode_tick() const
+{
+    return packet_->dts != AV_NOPTS_VALUE ? std::optional(packet_->dts) : std::nullopt;
+}
+
+void video_stream::begin_at(std::optional<std::int64_t> first_tick, std::optional<std::int64_t> first_decoded)
+{
+    first_tick_ = first_tick.value_or(first_tick_);
+    next_tick_ = first_tick_;
+    display_delay_ = first_tick_ - first_decoded.value_or(first_tick_);
+}
+
+/// The first frame's start, counted back from the first frame that has a time.
+std::optional<std::int64_t> video_stream::counted_first_tick()
+{
+    constexpr int most_frames = 32;
+    next_tick_ = 0;
+    std::int64_t counted = 0;
+    for (int i = 0; i < most_frames; ++i) {
+        const timed_frame frame = next();
+        if (!frame.pixels)
+            break;
+        if (frame.pixels->pts != AV_NOPTS_VALUE)
+            return frame.shown_from - counted;
+        counted += frame.duration;
+    }
+    return std::nullopt;
+}
+
+void video_stream::open_decoder(const AVCodec& codec)
+{
+    codec_context_ptr decoder(avcodec_alloc_context3(&codec));
+    if (!decoder || avcodec_parameters_to_context(decoder.get(), track_->codecpar) < 0)
+        return;
+    decoder->pkt_timebase = track_->time_base;
+    // Without this, a decoder that was started at an open group of pictures swallows the film's last frames.
+    decoder->flags |= AV_CODEC_FLAG_OUTPUT_CORRUPT;
+    decoder->max_pixels =
+        codec.id == AV_CODEC_ID_JPEG2000 ? largest_wavelet_frame_pixels : largest_frame_pixels;
+    const bool is_large = std::int64_t{decoder->width} * decoder->height > large_frame_pixels;
+    decoder->thread_count =
+        is_large ? 1 : std::clamp(static_cast<int>(std::thread::hardware_concurrency()), 1, most_threads);
+    // Frame threads fill up before the first frame comes out: no use where each frame stands alone.
+    decoder->thread_type = is_intra_only(codec.id) ? FF_THREAD_SLICE : FF_THREAD_FRAME | FF_THREAD_SLICE;
+    if (avcodec_open2(decoder.get(), &codec, nullptr) == 0)
+        decoder_ = std::move(decoder);
+}
+
+bool video_stream::is_stored_in_order() const
+{
+    return is_intra_only(decoder_->codec_id) || decoder_->has_b_frames == 0;
+}
+
+std::optional<std::int64_t> video_stream::tick_of(media_time time) const
+{
+    // A time falls short of its frame by as much as clocks round: half a tick of a fine clock, or a
+    // hair's breadth of a frame where 29.97 and 30000/1001 meet.
+    constexpr std::int64_t parts = 1024; // of a tick
+    constexpr std::int64_t fine_clock_ticks = 8; // in a frame, at least
+    const std::int64_t clock_rounding =
+        usual_duration_ == 0 || usual_duration_ >= fine_clock_ticks ? parts / 2 : 0;
+    const std::int64_t rate_rounding = av_rescale(usual_duration_, parts, 50);
+
+    std::int64_t divisor = 0;
+    if (time.timescale <= 0 || __builtin_mul_overflow(time.timescale, track_->time_base.num, &divisor))
+        return std::nullopt;
+    const std::int64_t fine =
+        av_rescale_rnd(time.value, track_->time_base.den * parts, divisor, AV_ROUND_NEAR_INF);
+    constexpr std::int64_t beyond = INT64_MAX / 4;
+    if (fine < -beyond || fine > beyond)
+        return std::nullopt;
+    const std::int64_t tolerant = fine + std::min(std::max(clock_rounding, rate_rounding), beyond);
+    const std::int64_t whole = tolerant >= 0 ? tolerant / parts : -((-tolerant + parts - 1) / parts);
+    return first_tick_ + whole;
+}
+
+std::int64_t video_stream::ticks_of_seconds(int seconds) const
+{
+    return av_rescale_q(seconds, {1, 1}, track_->time_base);
+}
+
+std::optional<std::int64_t> video_stream::key_frame_at_or_before(std::int64_t tick) const
+{
+    const int position = av_index_search_timestamp(track_, tick, AVSEEK_FLAG_BACKWARD);
+    const AVIndexEntry* entry = avformat_index_get_entry(track_, position);
+    return entry != nullptr ? std::optional(entry->timestamp) : std::nullopt;
+}
+
+bool video_stream::index_reaches(std::int64_t tick) const
+{
+    const AVIndexEntry* last = avformat_index_get_entry(track_, avformat_index_get_entries_count(track_) - 1);
+    return last != nullptr && last->timestamp >= tick;
+}
+
+bool video_stream::seek(std::int64_t goal, std::int64_t latest)
+{
+    if (av_seek_frame(format_.get(), track_->index, goal, AVSEEK_FLAG_BACKWARD) < 0)
+        return false;
+    avcodec_flush_buffers(decoder_.get());
+    packet_waits_ = false;
+    next_tick_.reset();
+    is_under_way_ = false;
+    latest_start_ = INT64_MIN;
+    do {
+        if (!read_packet())
+            return false;
+    } while ((packet_->flags & AV_PKT_FLAG_KEY) == 0);
+    packet_waits_ = true;
+
+    if (packet_->pts == AV_NOPTS_VALUE && packet_->dts != AV_NOPTS_VALUE
+        && is_closed_at_key_frames(*decoder_))
+        next_tick_ = packet_->dts + display_delay_;
+    const std::int64_t stamped = packet_->pts != AV_NOPTS_VALUE ? packet_->pts : packet_->dts;
+    decodable_from_ = next_tick_.value_or(stamped);
+    return decodable_from_ != AV_NOPTS_VALUE && decodable_from_ <= latest;
+}
+
+bool video_stream::read_packet()
+{
+    if (std::exchange(packet_waits_, false))
+        return true;
+    do {
+        av_packet_unref(packet_.get());
+        if (limit_.is_over() || av_read_frame(format_.get(), packet_.get()) < 0)
+            return false;
+    } while (packet_->stream_index != track_->index);
+    return true;
+}
+
+void video_stream::need_only(std::vector<std::int64_t> ticks)
+{
+    if (times_every_frame(*format_))
+        needed_ = std::move(ticks);
+}
+
+void video_stream::feed_decoder()
+{
+    if (!read_packet()) {
+        avcodec_send_packet(decoder_.get(), nullptr);
+        return;
+    }
+    decoder_->skip_frame = can_leave_out(*packet_) ? AVDISCARD_NONREF : AVDISCARD_DEFAULT;
+    latest_start_ = std::max(latest_start_, packet_->pts);
+    // Damaged packets are refused here; the next ones may be whole.
+    avcodec_send_packet(decoder_.get(), packet_.get());
+}
+
+/// A frame that is shown before another one is stored after it: it has left the display by then.
+bool video_stream::can_leave_out(const AVPacket& packet) const
+{
+    if (!needed_ || packet.pts == AV_NOPTS_VALUE || packet.pts >= latest_start_)
+        return false;
+    const auto needed = std::lower_bound(needed_->begin(), needed_->end(), packet.pts);
+    return needed == needed_->end() || *needed >= latest_start_;
+}
+
+/// Without a time stamp a frame follows on the one before it.
+std::optional<std::int64_t> video_stream::start_of(const AVFrame& frame) const
+{
+    return frame.pts != AV_NOPTS_VALUE ? std::optional(frame.pts) : next_tick_;
+}
+
+timed_frame video_stream::next()
+{
+    frame_ptr pixels(av_frame_alloc());
+    while (pixels && !limit_.is_over()) {
+        const int received = avcodec_receive_frame(decoder_.get(), pixels.get());
+        if (received == AVERROR_EOF)
+            break;
+        if (received != 0) {
+            feed_decoder();
+            continue;
+        }
+        const bool is_whole = (pixels->flags & AV_FRAME_FLAG_CORRUPT) == 0;
+        const std::optional<std::int64_t> start = start_of(*pixels);
+        if (!start || *start < decodable_from_ || !(is_whole || is_under_way_))
+            continue;
+        is_under_way_ = true;
+        const std::int64_t duration = pixels->pkt_duration > 0 ? pixels->pkt_duration : usual_duration_;
+        next_tick_ = *start + duration;
+        return {std::move(pixels), *start, duration};
+    }
+    return {};
+}
+
+} // namespace tallyframe

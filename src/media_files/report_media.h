@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "media_files/mapped_media.h"
+#include "media_files/tag_readers.h"
+#include "media_files/thumbnail_folder.h"
+#include "platform/media_services.h"
+#include "run/account.h"
+#include "run/diagnostics.h"
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace tallyframe {
+
+/// Where a report finds its media, and whether it makes pictures of it.
+struct media_choice {
+    bool wants_pictures = false;
+    bool keeps_pictures = false; ///< as files beside the workbook
+    std::vector<media_mapping> map;
+    std::vector<std::filesystem::path> search;
+};
+
+/// What a host looks at media files with, for one report or several of one document.
+class report_media {
+public:
+    /// `out` and `display` must outlive it. Throws failure when pictures are wanted and cannot be made here.
+    report_media(const media_choice& choice, diagnostics& out, progress& display);
+
+    /// The folder for the pictures of the report at `workbook`; nothing when none are wanted. Its owner's end
+    /// is its own, unless the pictures are kept.
+    std::optional<thumbnail_folder> folder_for(const std::filesystem::path& workbook) const;
+
+    /// `folder`: what folder_for gave.
+    media_services services(std::optional<thumbnail_folder>& folder);
+
+    /// What was lost on the way to the media, in all reports so far: folders that could not be searched.
+    account losses() const { return locator_.losses(); }
+
+private:
+    bool wants_pictures_;
+    bool keeps_pictures_;
+    bool is_asked_for_; ///< whoever wants no pictures and names no folders may well have no media
+    mapped_media locator_;
+    remembered_tags tags_;
+    std::unique_ptr<thumbnailer> pictures_;
+};
+
+} // namespace tallyframe

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#include "run/account.h"
+
+#include "text/visible_text.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace tallyframe {
+
+namespace {
+
+constexpr std::size_t longest_example = 200; ///< bytes
+
+/// `several` has the count in place of "{}".
+struct loss_sentence {
+    loss_kind kind;
+    std::string_view one;
+    const char* several;
+};
+
+constexpr std::array<loss_sentence, loss_kind_count> sentences = {{
+    {loss_kind::mended_lines, "1 line of the document held bad characters and was mended",
+     "{} lines of the document held bad characters and were mended"},
+    {loss_kind::dropped_characters, "1 bad character was dropped from the document",
+     "{} bad characters were dropped from the document"},
+    {loss_kind::passed_over_errors, "1 error of the document was passed over: clips may be missing",
+     "{} errors of the document were passed over: clips may be missing"},
+    {loss_kind::cut_texts, "1 text was cut at the 32,767 characters that a cell takes",
+     "{} texts were cut at the 32,767 characters that a cell takes"},
+    {loss_kind::missing_media, "1 media file was not found", "{} media files were not found"},
+    {loss_kind::unreadable_media, "1 media file could not be read", "{} media files could not be read"},
+    {loss_kind::missing_pictures, "1 row shows a placeholder instead of a picture",
+     "{} rows show a placeholder instead of a picture"},
+    {loss_kind::unmade_pictures,
+     "1 row has no picture, because the folder for temporary files takes none: set TMPDIR to another folder",
+     "{} rows have no picture, because the folder for temporary files takes none: set TMPDIR to another "
+     "folder"},
+    {loss_kind::unread_folders, "1 folder could not be searched for media",
+     "{} folders could not be searched for media"},
+    {loss_kind::absent_pictures, "1 row is without its picture, which could not be made",
+     "{} rows are without their pictures, which could not be made"},
+}};
+
+std::string sentence_of(const loss_sentence& texts, const loss& lost)
+{
+    std::string sentence =
+        lost.count == 1 ? std::string(texts.one) : fmt::format(fmt::runtime(texts.several), lost.count);
+    if (!lost.examples.empty()) {
+        std::vector<std::string> shown;
+        for (const std::string& example : lost.examples)
+            shown.push_back(visible_text(example));
+        const bool has_more = lost.examples.size() < lost.count;
+        sentence += fmt::format(" ({}{})", fmt::join(shown, ", "), has_more ? ", …" : "");
+    }
+    return sentence + ".";
+}
+
+} // namespace
+
+void account::add(loss_kind kind, std::size_t count, std::string_view example)
+{
+    loss& lost = losses_[static_cast<std::size_t>(kind)];
+    lost.count += count;
+    if (!example.empty() && lost.examples.size() < most_examples)
+        lost.examples.emplace_back(example.substr(0, longest_example));
+}
+
+bool account::is_empty() const
+{
+    return std::all_of(losses_.begin(), losses_.end(), [](const loss& lost) { return lost.count == 0; });
+}
+
+account& account::operator+=(const account& other)
+{
+    for (std::size_t i = 0; i < loss_kind_count; ++i) {
+        losses_[i].count += other.losses_[i].count;
+        for (const std::string& example : other.losses_[i].examples) {
+            if (losses_[i].examples.size() < most_examples)
+                losses_[i].examples.push_back(example);
+        }
+    }
+    return *this;
+}
+
+std::vector<std::string> sentences_of(const account& lost)
+{
+    std::vector<std::string> texts;
+    for (const loss_sentence& sentence : sentences) {
+        if (lost.of(sentence.kind).count != 0)
+            texts.push_back(sentence_of(sentence, lost.of(sentence.kind)));
+    }
+    return texts;
+}
+
+} // namespace tallyframe

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "analysis/report_scope.h"
+#include "window/models/choices.h"
+
+#include <QWidget>
+
+class QButtonGroup;
+
+namespace tallyframe::window {
+
+class option_checkbox_list;
+
+/// What goes into the workbook: the scope, which rows, which sheets.
+class content_panel final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit content_panel(QWidget* parent = nullptr);
+
+    void set_choices(const choices& kept);
+    void set_scope_enabled(bool enabled);
+    void apply_to(choices& kept) const;
+
+    /// The scope of the chosen button.
+    report_scope chosen_scope() const { return scope_; }
+
+signals:
+    void changed();
+
+    /// The scope is another: the analysis has to be made anew.
+    void scope_changed();
+
+private:
+    QWidget* make_scope_group();
+    void take_scope(report_scope scope);
+
+    QButtonGroup* scope_buttons_;
+    option_checkbox_list* rows_;
+    option_checkbox_list* sheets_;
+    report_scope scope_ = report_scope::video_audio;
+};
+
+} // namespace tallyframe::window

@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: MIT
+#include "media_files/mapped_media.h"
+#include "support/counting_progress.h"
+#include "support/kept_diagnostics.h"
+#include "support/small_files.h"
+#include "support/temporary_folder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace tallyframe;
+using namespace tallyframe::testing_support;
+
+namespace {
+
+class mapped_media_ : public testing::Test {
+protected:
+    std::filesystem::path file(const std::string& path) const { return write_file(folder_.path() / path); }
+    std::string place(const std::string& path) const { return (folder_.path() / path).string(); }
+
+    kept_diagnostics out_;
+    counting_progress display_;
+
+private:
+    temporary_folder folder_;
+};
+
+TEST_F(mapped_media_, finds_a_file_where_the_document_says)
+{
+    mapped_media media({}, {}, out_, display_);
+    const auto clip = file("clip.mov");
+    EXPECT_EQ(media.locate(clip.string()), clip);
+    EXPECT_EQ(media.locate(place("other.mov")), std::nullopt);
+    EXPECT_EQ(out_.text, "");
+}
+
+TEST_F(mapped_media_, counts_only_regular_files_that_can_be_read)
+{
+    mapped_media media({}, {}, out_, display_);
+    std::filesystem::create_directories(place("folder.mov"));
+    EXPECT_EQ(media.locate(place("folder.mov")), std::nullopt);
+    ASSERT_EQ(mkfifo(place("pipe.mov").c_str(), 0600), 0);
+    EXPECT_EQ(media.locate(place("pipe.mov")), std::nullopt);
+    EXPECT_EQ(media.locate(""), std::nullopt);
+    const auto secret = file("secret.mov");
+    std::filesystem::permissions(secret, std::filesystem::perms::none);
+    const bool reads_everything = geteuid() == 0;
+    EXPECT_EQ(media.locate(secret.string()).has_value(), reads_everything);
+}
+
+TEST_F(mapped_media_, looks_under_the_mapping_with_the_longest_prefix_first)
+{
+    const auto general = file("disk/Day 1/clip.mov");
+    const auto special = file("other/clip.mov");
+    mapped_media media({{"/Volumes/Media", place("disk")}, {"/Volumes/Media/Day 1/", place("other/")}}, {},
+                       out_, display_);
+    EXPECT_EQ(media.locate("/Volumes/Media/Day 1/clip.mov"), special);
+    std::filesystem::remove(special);
+    mapped_media again({{"/Volumes/Media", place("disk")}, {"/Volumes/Media/Day 1", place("other")}}, {},
+                       out_, display_);
+    EXPECT_EQ(again.locate("/Volumes/Media/Day 1/clip.mov"), general) << "and then under the shorter ones";
+}
+
+TEST_F(mapped_media_, maps_whole_folder_names_only)
+{
+    file("disk/B/clip.mov");
+    mapped_media media({{"/Volumes/Media", place("disk")}}, {}, out_, display_);
+    EXPECT_EQ(media.locate("/Volumes/MediaB/clip.mov"), std::nullopt);
+    EXPECT_EQ(media.locate("/Volumes/Media"), std::nullopt);
+    EXPECT_NE(media.locate("/Volumes/Media/B/clip.mov"), std::nullopt);
+}
+
+TEST_F(mapped_media_, maps_the_root_and_the_letters_of_drives)
+{
+    const auto clip = file("disk/Media/clip.mov");
+    mapped_media media({{"/", place("disk")}, {"/C:", place("disk")}}, {}, out_, display_);
+    EXPECT_EQ(media.locate("/Media/clip.mov"), clip);
+    EXPECT_EQ(media.locate("/C:/Media/clip.mov"), clip);
+}
+
+TEST_F(mapped_media_, searches_folders_by_name_and_by_the_parents_that_agree)
+{
+    const auto day1 = file("search/Day 1/A/clip.mov");
+    const auto day2 = file("search/Day 2/A/clip.mov");
+    const auto only = file("search/deep/er/only.mov");
+    mapped_media media({}, {place("search")}, out_, display_);
+    EXPECT_EQ(media.locate("/Volumes/X/Day 2/A/clip.mov"), day2);
+    EXPECT_EQ(media.locate("/Volumes/X/Day 1/A/clip.mov"), day1);
+    EXPECT_EQ(media.locate("/Volumes/X/only.mov"), only);
+    EXPECT_EQ(media.locate("/Volumes/X/none.mov"), std::nullopt);
+}
+
+TEST_F(mapped_media_, takes_the_first_folder_and_path_when_nothing_else_decides)
+{
+    const auto in_second = file("second/clip.mov");
+    const auto later = file("first/b/clip.mov");
+    const auto sooner = file("first/a/clip.mov");
+    mapped_media media({}, {place("first"), place("second")}, out_, display_);
+    EXPECT_EQ(media.locate("/Volumes/X/clip.mov"), sooner);
+    mapped_media turned({}, {place("second"), place("first")}, out_, display_);
+    EXPECT_EQ(turned.locate("/Volumes/X/clip.mov"), in_second);
+}
+
+TEST_F(mapped_media_, knows_accented_names_in_both_spellings)
+{
+    const auto decomposed = file("search/Zoe\xCC\x88.wav");
+    mapped_media media({}, {place("search")}, out_, display_);
+    EXPECT_EQ(media.locate("/Music/Zo\xC3\xAB.wav"), decomposed);
+}
+
+TEST_F(mapped_media_, logs_once_what_it_finds_elsewhere)
+{
+    const auto clip = file("search/clip.mov");
+    mapped_media media({}, {place("search")}, out_, display_);
+    media.locate("/Volumes/X/clip.mov");
+    media.locate("/Volumes/X/clip.mov");
+    EXPECT_EQ(out_.text, "\"media: /Volumes/X/clip.mov is " + clip.string() + "\"\n");
+}
+
+TEST_F(mapped_media_, says_which_folder_it_cannot_search)
+{
+    mapped_media media({}, {place("nowhere")}, out_, display_);
+    EXPECT_TRUE(media.losses().is_empty());
+    EXPECT_EQ(media.locate("/Volumes/X/clip.mov"), std::nullopt);
+    EXPECT_EQ(out_.text, "\"media: cannot search " + place("nowhere") + ": No such file or directory\"\n");
+    EXPECT_THAT(sentences_of(media.losses()),
+                testing::ElementsAre("1 folder could not be searched for media (" + place("nowhere") + ")."));
+}
+
+/// The superuser reads every folder. While this lives, it is nobody.
+class nobody_for_a_while {
+public:
+    nobody_for_a_while() { EXPECT_EQ(is_root_ ? seteuid(65534) : 0, 0); }
+    ~nobody_for_a_while() { EXPECT_EQ(is_root_ ? seteuid(0) : 0, 0); }
+    nobody_for_a_while(const nobody_for_a_while&) = delete;
+    nobody_for_a_while& operator=(const nobody_for_a_while&) = delete;
+
+private:
+    bool is_root_ = geteuid() == 0;
+};
+
+TEST_F(mapped_media_, goes_on_behind_a_folder_that_does_not_let_it_in)
+{
+    const auto before = file("search/a/clip.mov");
+    file("search/b/secret.mov");
+    const auto behind = file("search/c/other.mov");
+    std::filesystem::permissions(place("."), std::filesystem::perms(0755));
+    std::filesystem::permissions(place("search/b"), std::filesystem::perms::none);
+    mapped_media media({}, {place("search")}, out_, display_);
+    {
+        const nobody_for_a_while nobody;
+        EXPECT_EQ(media.locate("/Volumes/X/clip.mov"), before);
+        EXPECT_EQ(media.locate("/Volumes/X/other.mov"), behind);
+        EXPECT_EQ(media.locate("/Volumes/X/secret.mov"), std::nullopt);
+    }
+    std::filesystem::permissions(place("search/b"), std::filesystem::perms::owner_all);
+    EXPECT_THAT(out_.text,
+                testing::HasSubstr("media: cannot search " + place("search/b") + ": Permission denied"));
+    EXPECT_THAT(
+        sentences_of(media.losses()),
+        testing::ElementsAre("1 folder could not be searched for media (" + place("search/b") + ")."));
+}
+
+TEST_F(mapped_media_, tells_of_an_unread_folder_once_when_searches_overlap)
+{
+    mapped_media media({}, {place("nowhere"), place("nowhere")}, out_, display_);
+    media.locate("/Volumes/X/clip.mov");
+    media.locate("/Volumes/X/other.mov");
+    EXPECT_EQ(media.losses().of(loss_kind::unread_folders).count, 1U);
+}
+
+TEST_F(mapped_media_, follows_no_link_from_folder_to_folder)
+{
+    const auto clip = file("search/a/clip.mov");
+    std::filesystem::create_directory_symlink(place("search"), place("search/a/circle"));
+    mapped_media media({}, {place("search")}, out_, display_);
+    EXPECT_EQ(media.locate("/Volumes/X/circle/clip.mov"), clip);
+    EXPECT_TRUE(media.losses().is_empty());
+}
+
+TEST_F(mapped_media_, tells_the_folder_that_it_searches)
+{
+    file("search/day 1/other.mov");
+    mapped_media media({}, {place("search")}, out_, display_);
+    EXPECT_TRUE(display_.messages.empty());
+    media.locate("/Volumes/X/clip.mov");
+    const std::string message = "Searching " + place("search");
+    EXPECT_EQ(display_.messages, (std::vector<std::string>{message, message, ""}));
+}
+
+TEST_F(mapped_media_, can_be_stopped_while_it_searches)
+{
+    class stopping_progress final : public progress {
+        void begin(std::int64_t) override { }
+        void advance(std::string_view) override { }
+        void show_message(std::string_view) override { throw run_cancelled(); }
+        void spin(std::string_view) override { }
+        void end() override { }
+    } stopped;
+    file("search/other.mov");
+    mapped_media media({}, {place("search")}, out_, stopped);
+    EXPECT_THROW(media.locate("/Volumes/X/clip.mov"), run_cancelled);
+}
+
+} // namespace
