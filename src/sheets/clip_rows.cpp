@@ -59,15 +59,13 @@ sheet sheet_of_clips(const report_frame& frame, std::string name, const clip_she
     table_sheet<clip_record> table = {.name = std::move(name),
                                       .columns = shown,
                                       .records = std::move(clips),
-                                      .look_of_row = {},
+                                      .looks = {},
                                       .total = std::move(total)};
     if (columns.has_audio_tags && frame.tags != nullptr)
         add_tag_columns(table.columns, *frame.tags);
-    std::vector<row_look> looks; // asked for with each cell
-    looks.reserve(table.records.size());
+    table.looks.reserve(table.records.size());
     for (const clip_record* clip : table.records)
-        looks.push_back(look_of_clip(*clip));
-    table.look_of_row = [looks = std::move(looks)](std::size_t record) { return looks[record]; };
+        table.looks.push_back(look_of_clip(*clip));
     return sheet_of(std::move(table), frame.clock);
 }
 

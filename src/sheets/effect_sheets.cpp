@@ -135,9 +135,7 @@ std::vector<row_look> looks_of_effects(const std::vector<const Record*>& effects
 template <class Record>
 void add_effect_sheet(const report_frame& frame, growing_report& report, table_sheet<Record> table)
 {
-    table.look_of_row = [looks = looks_of_effects(table.records, report.running_look)](std::size_t record) {
-        return looks[record];
-    };
+    table.looks = looks_of_effects(table.records, report.running_look);
     report.add(sheet_of(std::move(table), frame.clock));
 }
 
@@ -151,7 +149,7 @@ void add_transitions_sheet(const report_frame& frame, growing_report& report)
         {.name = std::string(transitions_name),
          .columns = columns_of(transition_columns),
          .records = transitions,
-         .look_of_row = {},
+         .looks = {},
          .catalogues = catalogues_of(transitions, "Built-in Transitions", "Third-Party Transitions")});
 }
 
@@ -163,7 +161,7 @@ void add_filters_sheet(const report_frame& frame, growing_report& report)
         {.name = std::string(filters_name),
          .columns = columns_of(filter_columns),
          .records = filters,
-         .look_of_row = {},
+         .looks = {},
          .catalogues = catalogues_of(filters, "Built-in Filters", "Third-Party Filters")});
 }
 
@@ -178,13 +176,12 @@ void add_motion_sheet(const report_frame& frame, growing_report& report)
 
     if (!frame.rows.motion.empty())
         report.running_look.text = text_color::video;
-    report.add(
-        sheet_of<motion_record>({.name = std::string(motion_effects_name),
-                                 .columns = columns_of(motion_columns),
-                                 .records = frame.rows.motion,
-                                 .look_of_row = [look = report.running_look](std::size_t) { return look; },
-                                 .catalogues = {applied}},
-                                frame.clock));
+    report.add(sheet_of<motion_record>({.name = std::string(motion_effects_name),
+                                        .columns = columns_of(motion_columns),
+                                        .records = frame.rows.motion,
+                                        .looks = {report.running_look},
+                                        .catalogues = {applied}},
+                                       frame.clock));
 }
 
 } // namespace tallyframe

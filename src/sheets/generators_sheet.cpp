@@ -114,13 +114,12 @@ sheet_columns<generator_record> generator_columns(const report_options& options,
 void add_generators_sheet(const report_frame& frame, growing_report& report)
 {
     report.running_look = {text_color::video, text_color::video};
-    report.add(
-        sheet_of<generator_record>({.name = std::string(graphics_and_titles_name),
-                                    .columns = generator_columns(frame.options, frame.switches),
-                                    .records = frame.rows.generators,
-                                    .look_of_row = [look = report.running_look](std::size_t) { return look; },
-                                    .margin = width_margin::after_rows},
-                                   frame.clock));
+    report.add(sheet_of<generator_record>({.name = std::string(graphics_and_titles_name),
+                                           .columns = generator_columns(frame.options, frame.switches),
+                                           .records = frame.rows.generators,
+                                           .looks = {report.running_look},
+                                           .margin = width_margin::after_rows},
+                                          frame.clock));
 }
 
 } // namespace tallyframe

@@ -58,7 +58,7 @@ sheet sheet_of_markers(const report_frame& frame, std::string_view name, sheet_c
     return sheet_of<Marker>({.name = std::string(name),
                              .columns = std::move(columns),
                              .records = std::move(markers),
-                             .look_of_row = [](std::size_t) { return marker_look; }},
+                             .looks = {marker_look}},
                             frame.clock);
 }
 

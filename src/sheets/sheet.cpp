@@ -14,12 +14,10 @@ growing_widths::growing_widths(const sheet& of) : columns_(of.columns)
         widths_.push_back(column.width);
 }
 
-void growing_widths::see(std::size_t column, const cell_value& value)
+void growing_widths::see(std::size_t column, std::string_view text)
 {
-    if (column >= columns_.size() || !columns_[column].widens)
-        return;
-    if (const auto text = text_in(value))
-        widen(widths_, column, *text);
+    if (column < columns_.size() && columns_[column].widens)
+        widen(widths_, column, text);
 }
 
 std::vector<double> growing_widths::finished() const
@@ -37,19 +35,13 @@ std::vector<double> widths_after(const sheet& of, std::size_t records)
     const std::size_t first = of.header_row + 1;
     const std::size_t end = first + std::min(records, of.record_count);
     for (std::size_t column = 0; column < of.columns.size(); ++column) {
-        for (std::size_t row = first; of.columns[column].widens && row < end; ++row)
-            widths.see(column, of.cell(row, column).value);
+        for (std::size_t row = first; of.columns[column].widens && row < end; ++row) {
+            const sheet_cell cell = of.cell(row, column);
+            if (const auto text = text_in(cell.value))
+                widths.see(column, *text);
+        }
     }
     return widths.finished();
-}
-
-std::optional<std::string_view> text_in(const cell_value& value)
-{
-    if (const auto* text = std::get_if<std::string_view>(&value))
-        return *text;
-    if (const auto* made_text = std::get_if<std::string>(&value))
-        return *made_text;
-    return std::nullopt;
 }
 
 } // namespace tallyframe

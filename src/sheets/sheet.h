@@ -4,26 +4,31 @@
 #include "report/table_columns.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <variant>
 #include <vector>
 
 namespace tallyframe {
 
 /// What a cell's text is written in. Video, audio and marker are the colours that the user chose; a header is
 /// bold; none is a cell without any format.
-enum class text_color { none, header, black, red, video, audio, marker };
+enum class text_color : std::uint8_t { none, header, black, red, video, audio, marker };
+inline constexpr std::size_t text_color_count = 7;
 
 /// How a cell shows what it holds.
-enum class cell_form {
+enum class cell_form : std::uint8_t {
     text,
     centered,
     whole_number, ///< "###,###,##0"
     decimal, ///< "#,##0.00"
     percent, ///< "0.0%", centred
 };
+inline constexpr std::size_t cell_form_count = 5;
 
 struct cell_look {
     text_color color = text_color::none;
@@ -88,8 +93,8 @@ class growing_widths {
 public:
     explicit growing_widths(const sheet& of);
 
-    /// Takes a cell of a record into account.
-    void see(std::size_t column, const cell_value& value);
+    /// Takes the text of a record's cell into account.
+    void see(std::size_t column, std::string_view text);
 
     /// In characters, finished; 0 for a column that keeps its own width.
     std::vector<double> finished() const;
@@ -103,6 +108,13 @@ private:
 std::vector<double> widths_after(const sheet& of, std::size_t records);
 
 /// The text of a cell that holds one; nothing for a number and for no cell.
-std::optional<std::string_view> text_in(const cell_value& value);
+inline std::optional<std::string_view> text_in(const cell_value& value)
+{
+    if (const auto* text = std::get_if<std::string_view>(&value))
+        return *text;
+    if (const auto* made_text = std::get_if<std::string>(&value))
+        return *made_text;
+    return std::nullopt;
+}
 
 } // namespace tallyframe

@@ -4,6 +4,7 @@
 #include "report/table_columns.h"
 #include "sheets/sheet.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <functional>
 #include <memory>
@@ -54,7 +55,7 @@ struct table_sheet {
     std::string name;
     sheet_columns<Record> columns;
     std::vector<const Record*> records;
-    std::function<row_look(std::size_t record)> look_of_row; ///< by its place among the records
+    std::vector<row_look> looks; ///< of each record's row; the last runs on through those that have none
     std::vector<catalogue> catalogues = {};
     width_margin margin = width_margin::before_rows; ///< when one is added to every width
     std::optional<total_line> total = {};
@@ -87,15 +88,18 @@ sheet sheet_of(table_sheet<Record> table, const sequence_clock& clock)
     }
     made.column_count = std::max(made.column_count, table.columns.cells.size());
 
+    if (table.looks.empty())
+        table.looks.emplace_back();
     struct shown_records {
         std::vector<table_column<Record>> cells;
         std::vector<const Record*> records;
-        std::function<row_look(std::size_t record)> look_of_row;
+        std::vector<row_look> looks;
     };
-    auto shown = std::make_shared<const shown_records>(shown_records{
-        std::move(table.columns.cells), std::move(table.records), std::move(table.look_of_row)});
+    auto shown = std::make_shared<const shown_records>(
+        shown_records{std::move(table.columns.cells), std::move(table.records), std::move(table.looks)});
+    const std::size_t last_look = shown->looks.size() - 1;
     made.cell = [shown = std::move(shown), around = cells_around(std::move(around), made.record_count), clock,
-                 first = made.header_row + 1](std::size_t row, std::size_t column) -> sheet_cell {
+                 first = made.header_row + 1, last_look](std::size_t row, std::size_t column) -> sheet_cell {
         if (row < first || row - first >= shown->records.size())
             return around(row, column);
         if (column >= shown->cells.size())
@@ -103,7 +107,7 @@ sheet sheet_of(table_sheet<Record> table, const sequence_clock& clock)
         const table_column<Record>& cell = shown->cells[column];
         const std::size_t record = row - first;
         return {cell.value(*shown->records[record], {.sheet_row = row, .clock = clock}),
-                look_of(cell.kind, shown->look_of_row(record))};
+                look_of(cell.kind, shown->looks[std::min(record, last_look)])};
     };
     return made;
 }

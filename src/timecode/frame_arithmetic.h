@@ -31,6 +31,13 @@ struct floored_division {
 /// Appends `number` with zeros in front of it up to `width` characters; the sign stands behind those zeros.
 inline void append_padded(std::string& text, std::int64_t number, std::size_t width)
 {
+    constexpr std::size_t usual_width = 2;
+    if (width == usual_width && number >= 0 && number < 100) {
+        const std::array<char, usual_width> digits = {static_cast<char>('0' + number / 10),
+                                                      static_cast<char>('0' + number % 10)};
+        text.append(digits.data(), digits.size());
+        return;
+    }
     std::array<char, 24> digits;
     const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), number);
     const auto length = static_cast<std::size_t>(written.ptr - digits.data());

@@ -7,8 +7,9 @@
 #include "workbook/workbook.h"
 
 #include <array>
-#include <cstdint>
+#include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tallyframe {
@@ -16,22 +17,10 @@ namespace tallyframe {
 namespace {
 
 /// The formats of one colour, by the form of the cell.
-struct format_set {
-    xls::format_id text;
-    xls::format_id centered;
-    xls::format_id whole_number;
-    xls::format_id decimal;
-};
+using format_set = std::array<xls::format_id, cell_form_count>;
 
-/// The looks of cells, taken into a workbook.
-struct look_formats {
-    xls::format_id header;
-    format_set black;
-    format_set red;
-    format_set video;
-    format_set audio;
-    format_set marker;
-};
+/// The looks of cells, taken into a workbook: by colour, then by form. A cell without a colour has no format.
+using look_formats = std::array<format_set, text_color_count>;
 
 constexpr const char* plain = "General";
 constexpr const char* percentage = "0.0%";
@@ -60,62 +49,32 @@ format_set add_set(xls::workbook& book, const std::string& color, const char* ce
         format.number_format = number_format;
         return book.add_format(format);
     };
-    format_set set;
-    set.text = add(xls::alignment::general, plain);
-    set.centered = add(xls::alignment::center, centered_number_format);
-    set.whole_number = add(xls::alignment::general, "###,###,##0");
-    set.decimal = add(xls::alignment::general, "#,##0.00");
-    return set;
+    const xls::format_id text = add(xls::alignment::general, plain);
+    const xls::format_id centered = add(xls::alignment::center, centered_number_format);
+    const xls::format_id whole_number = add(xls::alignment::general, "###,###,##0");
+    const xls::format_id decimal = add(xls::alignment::general, "#,##0.00");
+    return {text, centered, whole_number, decimal, centered}; // of black and red that one shows percentages
 }
 
 look_formats add_formats(xls::workbook& book, const row_colors& colors)
 {
-    look_formats formats;
-    formats.header = add_header(book);
-    formats.black = add_set(book, "black", percentage);
-    formats.red = add_set(book, "red", percentage);
+    look_formats formats = {};
+    const auto of_color = [&](text_color color) -> format_set& {
+        return formats[static_cast<std::size_t>(color)];
+    };
+    of_color(text_color::header).fill(add_header(book));
+    of_color(text_color::black) = add_set(book, "black", percentage);
+    of_color(text_color::red) = add_set(book, "red", percentage);
     // The sets whose colour the user chooses centre check marks, not shares: no percentage there.
-    formats.video = add_set(book, colors.video, plain);
-    formats.audio = add_set(book, colors.audio, plain);
-    formats.marker = add_set(book, colors.marker, plain);
+    of_color(text_color::video) = add_set(book, colors.video, plain);
+    of_color(text_color::audio) = add_set(book, colors.audio, plain);
+    of_color(text_color::marker) = add_set(book, colors.marker, plain);
     return formats;
-}
-
-xls::format_id format_of(cell_form form, const format_set& set)
-{
-    switch (form) {
-    case cell_form::text:
-        return set.text;
-    case cell_form::centered:
-    case cell_form::percent: // the centred format of black and red shows percentages
-        return set.centered;
-    case cell_form::whole_number:
-        return set.whole_number;
-    case cell_form::decimal:
-        return set.decimal;
-    }
-    return set.text;
 }
 
 xls::format_id format_of(const cell_look& look, const look_formats& formats)
 {
-    switch (look.color) {
-    case text_color::none:
-        return {};
-    case text_color::header:
-        return formats.header;
-    case text_color::black:
-        return format_of(look.form, formats.black);
-    case text_color::red:
-        return format_of(look.form, formats.red);
-    case text_color::video:
-        return format_of(look.form, formats.video);
-    case text_color::audio:
-        return format_of(look.form, formats.audio);
-    case text_color::marker:
-        return format_of(look.form, formats.marker);
-    }
-    return {};
+    return formats[static_cast<std::size_t>(look.color)][static_cast<std::size_t>(look.form)];
 }
 
 /// Shows the steps of a sheet as its records go by.
@@ -149,19 +108,25 @@ struct xls_writing {
     account& lost;
 };
 
-void write_cell(const xls_writing& run, xls::worksheet& out, std::size_t row, std::size_t column,
-                const sheet_cell& cell)
+/// Writes a row, and shows its texts to `see_text`.
+template <class Visitor>
+void write_row(const xls_writing& run, xls::worksheet& out, const sheet& from, std::size_t row,
+               const Visitor& see_text)
 {
-    if (const double* number = std::get_if<double>(&cell.value))
-        out.write_number(row, column, *number, format_of(cell.look, run.formats));
-    else if (const auto text = text_in(cell.value))
-        out.write_string(row, column, *text, format_of(cell.look, run.formats));
+    for (std::size_t column = 0; column < from.column_count; ++column) {
+        const sheet_cell cell = from.cell(row, column);
+        if (const double* number = std::get_if<double>(&cell.value)) {
+            out.write_number(row, column, *number, format_of(cell.look, run.formats));
+        } else if (const auto text = text_in(cell.value)) {
+            out.write_string(row, column, *text, format_of(cell.look, run.formats));
+            see_text(column, *text);
+        }
+    }
 }
 
 void write_row(const xls_writing& run, xls::worksheet& out, const sheet& from, std::size_t row)
 {
-    for (std::size_t column = 0; column < from.column_count; ++column)
-        write_cell(run, out, row, column, from.cell(row, column));
+    write_row(run, out, from, row, [](std::size_t, std::string_view) {});
 }
 
 /// A picture that the workbook does not take costs its row's picture.
@@ -190,11 +155,8 @@ void write_records(const xls_writing& run, xls::worksheet& out, const sheet& fro
         const std::size_t row = first + record;
         if (from.picture)
             insert_picture(run, out, from, row);
-        for (std::size_t column = 0; column < from.column_count; ++column) {
-            const sheet_cell cell = from.cell(row, column);
-            write_cell(run, out, row, column, cell);
-            widths.see(column, cell.value);
-        }
+        write_row(run, out, from, row,
+                  [&](std::size_t column, std::string_view text) { widths.see(column, text); });
     }
     steps.finish();
     for (std::size_t row = first + from.record_count; row < from.row_count; ++row)

@@ -32,9 +32,7 @@ table_sheet<named> table_of_both()
     return {.name = "Names",
             .columns = columns_of(columns),
             .records = {&short_one, &long_one},
-            .look_of_row = [](std::size_t record) {
-                return record == 0 ? row_look{text_color::red, text_color::video} : row_look{};
-            }};
+            .looks = {{text_color::red, text_color::video}, {}}};
 }
 
 sheet made(table_sheet<named> table = table_of_both())

@@ -10,6 +10,7 @@
 //     RK        | 30 bits: whole number, or the high bits of a double | whole? 1 bit | hundredths? 1 bit |
 #include "workbook/records/cell_records.h"
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 
@@ -27,8 +28,8 @@ cell_record<body_size> cell(record_id id, cell_place place, Field... fields)
     cell_record<body_size> bytes;
     std::size_t offset = 0;
     const auto put = [&](auto number) {
-        for (const auto byte : little_endian(number))
-            bytes[offset++] = byte;
+        std::ranges::copy(little_endian(number), bytes.data() + offset);
+        offset += sizeof(number);
     };
     put(static_cast<std::uint16_t>(id));
     put(static_cast<std::uint16_t>(body_size));
