@@ -14,6 +14,9 @@ namespace tallyframe::window {
 
 namespace {
 
+/// Milliseconds in which the run of a small document ends, on a busy machine and under the sanitizers too.
+constexpr unsigned long short_run = 1000;
+
 using testing_support::clip;
 using testing_support::xmeml;
 
@@ -158,7 +161,7 @@ TEST_F(main_window_choice, is_shown_when_its_result_came_too_late_and_it_is_made
     open_episodes();
     choose(0);
     press<QComboBox>("sequencesPopupMenu", Qt::Key_Down);
-    QThread::msleep(100); // the run for 102 is over, and the window has not heard of it
+    QThread::msleep(short_run); // the run for 102 is over, and the window has not heard of it
     press<QComboBox>("sequencesPopupMenu", Qt::Key_Down);
     emit find<progress_sheet>("progressWindow").cancel_requested();
     wait_for_run();
@@ -175,7 +178,7 @@ TEST_F(main_window_choice, of_a_document_that_is_cancelled_early_leaves_the_one_
 {
     const std::string other = xmeml().sequence("Other", {}).video_track({clip("A")}).text();
     window->open_document(qt_path(write("first.xml", other)));
-    QThread::msleep(100); // it is open, and the window has not heard of it
+    QThread::msleep(short_run); // it is open, and the window has not heard of it
     window->open_document(qt_path(write("second.xml", other)));
     emit find<progress_sheet>("progressWindow").cancel_requested();
     wait_for_run();

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Hands that do anything, at any moment, with the window, held against a small model of what it must show.
 //
-// TALLYFRAME_RANDOM_SECONDS: how long (5 when it is not set). TALLYFRAME_RANDOM_SEED: to repeat a run.
+// TALLYFRAME_RANDOM_SECONDS: how long (5 when it is not set). TALLYFRAME_RANDOM_SEED: which hands (1 when it
+// is not set, so that the suite says of one tree the same each time).
 #include "report/row_assembly.h"
 #include "run/gui_mode.h"
 #include "support/analyzed_document.h"
@@ -381,7 +382,7 @@ TEST_F(random_hands, find_no_window_that_shows_what_was_not_chosen)
         : 5;
     const unsigned seed = qEnvironmentVariableIsSet("TALLYFRAME_RANDOM_SEED")
         ? static_cast<unsigned>(qEnvironmentVariableIntValue("TALLYFRAME_RANDOM_SEED"))
-        : std::random_device()() % 1'000'000'000U;
+        : 1;
     std::cout << "TALLYFRAME_RANDOM_SEED=" << seed << std::endl;
     chance.seed(seed);
     open(paths[0]);

@@ -65,12 +65,12 @@ protected:
         wait();
     }
 
-    /// Cancels the next run before its first step.
-    void cancel_next()
+    /// Does something before the first step of the next run.
+    template <class Action>
+    void disturb_next(Action act)
     {
-        QObject::connect(
-            &runner, &session_runner::started, &runner, [this] { runner.cancel(); },
-            static_cast<Qt::ConnectionType>(Qt::DirectConnection | Qt::SingleShotConnection));
+        QObject::connect(&runner, &session_runner::started, &runner, std::move(act),
+                         static_cast<Qt::ConnectionType>(Qt::DirectConnection | Qt::SingleShotConnection));
     }
 
     std::vector<run_kind> kinds() const
@@ -158,7 +158,7 @@ TEST_F(session_runner_test, keeps_the_users_ticks_where_an_analysis_is_cancelled
 {
     open(write("cut.xml", reel("Reel")));
     runner.set_ticks({1, 0}, {});
-    cancel_next();
+    disturb_next([this] { runner.cancel(); });
     runner.analyze({0, all_tracks});
     wait();
     EXPECT_TRUE(last().was_cancelled);
@@ -185,10 +185,12 @@ TEST_F(session_runner_test, follows_the_latest_wish_and_tells_of_no_other)
 TEST_F(session_runner_test, begins_nothing_after_a_run_that_is_cancelled_with_all_that_should_follow)
 {
     const fs::path first = write("first.xml", reel("First"));
-    runner.open(first, all_tracks);
-    runner.open(write("second.xml", reel("Second")), all_tracks);
-    runner.cancel();
-    wait();
+    const fs::path second = write("second.xml", reel("Second"));
+    disturb_next([&] {
+        runner.open(second, all_tracks);
+        runner.cancel();
+    });
+    open(first);
     EXPECT_THAT(kinds(), ElementsAre(run_kind::opening));
     EXPECT_EQ(started, 1);
     EXPECT_TRUE(last().was_cancelled);
@@ -224,7 +226,7 @@ TEST_F(session_runner_test, leaves_an_older_workbook_where_the_new_one_is_cancel
 {
     open(write("cut.xml", reel("Reel")));
     const fs::path workbook = write("cut.xls", "older");
-    cancel_next();
+    disturb_next([this] { runner.cancel(); });
     runner.save(workbook, {}, {});
     wait();
     EXPECT_TRUE(last().was_cancelled);
