@@ -112,23 +112,13 @@ void remove_video_clip_audio(std::vector<const clip_record*>& clips, std::size_t
                 clips.end());
 }
 
-/// Labels are compared as texts: A1 before V1, V10 before V2.
-template <class Record>
-void sort_by_start(std::vector<const Record*>& records)
+/// Sorts by a frame of each record, then by the label of its track as a text: A1 before V1, V10 before V2.
+template <class Record, class Frame>
+void sort_by(std::vector<const Record*>& records, Frame frame_of)
 {
-    std::stable_sort(records.begin(), records.end(), [](const Record* left, const Record* right) {
-        return std::tie(left->place.seq_start_frame, left->place.track)
-            < std::tie(right->place.seq_start_frame, right->place.track);
+    std::stable_sort(records.begin(), records.end(), [&](const Record* left, const Record* right) {
+        return std::tie(frame_of(*left), left->place.track) < std::tie(frame_of(*right), right->place.track);
     });
-}
-
-void sort_by_in_frame(std::vector<const clip_marker_record*>& markers)
-{
-    std::stable_sort(markers.begin(), markers.end(),
-                     [](const clip_marker_record* left, const clip_marker_record* right) {
-                         return std::tie(left->in_frame, left->place.track)
-                             < std::tie(right->in_frame, right->place.track);
-                     });
 }
 
 } // namespace
@@ -144,10 +134,15 @@ report_rows assemble_rows(const analysis_result& analysis, const track_ticks& ti
     if (skip_video_clip_audio)
         remove_video_clip_audio(rows.clip_data_array, first_audio, analysis.video_clip_data_array);
 
-    sort_by_start(rows.clip_data_array);
-    sort_by_start(rows.filters);
-    sort_by_start(rows.transitions);
-    sort_by_in_frame(rows.clip_markers);
+    const auto start_of = [](const auto& record) -> const auto&
+    {
+        return record.place.seq_start_frame;
+    };
+    sort_by(rows.clip_data_array, start_of);
+    sort_by(rows.filters, start_of);
+    sort_by(rows.transitions, start_of);
+    sort_by(
+        rows.clip_markers, [](const clip_marker_record& marker) -> const auto& { return marker.in_frame; });
     return rows;
 }
 
