@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "workbook/colors.h"
 #include "workbook/records/cell_records.h"
 #include "workbook/records/format_table.h"
 #include "workbook/records/globals_records.h"
+#include "workbook/records/palette.h"
 #include "workbook/records/sheet_records.h"
 #include "workbook/workbook.h"
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "workbook/colors.h"
 #include "workbook/format.h"
 #include "workbook/records/byte_writer.h"
 #include "workbook/records/globals_records.h"
+#include "workbook/records/palette.h"
 
 #include <cstdint>
 #include <string>

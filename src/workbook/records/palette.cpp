@@ -3,7 +3,7 @@
 //     PALETTE    +-------------+-----------------------------------------+
 //                | colours: u16 | 56 times: red, green, blue, 0 (u8 each) |
 //                +-------------+-----------------------------------------+
-#include "workbook/colors.h"
+#include "workbook/records/palette.h"
 
 #include "workbook/format.h"
 #include "workbook/records/record.h"
