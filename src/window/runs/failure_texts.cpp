@@ -9,8 +9,6 @@
 #include "writers/writer.h"
 
 #include <QCoreApplication>
-#include <QDir>
-#include <QFileInfo>
 #include <new>
 
 namespace tallyframe::window {
@@ -38,43 +36,7 @@ alert_texts unexpected(const std::exception& error)
     return {qt_text(alert.message_text), qt_text(alert.informative_text)};
 }
 
-/// The last name of a path, also of a folder's.
-QString name_of(const QString& path)
-{
-    const QString clean = QDir::cleanPath(path);
-    const QString name = QFileInfo(clean).fileName();
-    return name.isEmpty() ? QDir::toNativeSeparators(clean) : name;
-}
-
 } // namespace
-
-std::optional<alert_texts> obstacle_to_opening(const QString& path)
-{
-    const QFileInfo file(path);
-    const QString name = name_of(path);
-    if (!file.exists()) {
-        return alert_texts{
-            translated(QT_TRANSLATE_NOOP("failure", "%1 is not there")).arg(name),
-            translated(QT_TRANSLATE_NOOP(
-                           "failure",
-                           "It was looked for here:\n%1\nCheck the name, and whether its disk is connected."))
-                .arg(QDir::toNativeSeparators(file.absoluteFilePath()))};
-    }
-    if (file.isDir()) {
-        return alert_texts{translated(QT_TRANSLATE_NOOP("failure", "%1 is a folder")).arg(name),
-                           translated(QT_TRANSLATE_NOOP("failure", "Choose the XML file of a timeline."))};
-    }
-    if (!file.isFile()) {
-        return alert_texts{translated(QT_TRANSLATE_NOOP("failure", "%1 is not a file")).arg(name),
-                           translated(QT_TRANSLATE_NOOP("failure", "Choose the XML file of a timeline."))};
-    }
-    if (!file.isReadable()) {
-        return alert_texts{
-            translated(QT_TRANSLATE_NOOP("failure", "You may not read %1")).arg(name),
-            translated(QT_TRANSLATE_NOOP("failure", "Ask its owner for the permission, or for a copy."))};
-    }
-    return std::nullopt;
-}
 
 alert_texts texts_for_analysis(std::exception_ptr failure)
 {

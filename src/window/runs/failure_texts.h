@@ -5,7 +5,6 @@
 
 #include <QString>
 #include <exception>
-#include <optional>
 
 namespace tallyframe::window {
 
@@ -13,9 +12,6 @@ struct alert_texts {
     QString message_text;
     QString informative_text;
 };
-
-/// What stands against opening a file, where that can be told at once; nothing for one that can be read.
-std::optional<alert_texts> obstacle_to_opening(const QString& path);
 
 /// What the user is told about a run that has failed, and the system's log with it.
 alert_texts texts_for_analysis(std::exception_ptr failure);

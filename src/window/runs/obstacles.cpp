@@ -16,7 +16,39 @@ struct texts {
     Q_DECLARE_TR_FUNCTIONS(obstacles)
 };
 
+/// The last name of a path, also of a folder's.
+QString name_of(const QString& path)
+{
+    const QString clean = QDir::cleanPath(path);
+    const QString name = QFileInfo(clean).fileName();
+    return name.isEmpty() ? QDir::toNativeSeparators(clean) : name;
+}
+
 } // namespace
+
+std::optional<alert_texts> obstacle_to_opening(const QString& path)
+{
+    const QFileInfo file(path);
+    const QString name = name_of(path);
+    if (!file.exists()) {
+        return alert_texts{texts::tr("%1 is not there").arg(name),
+                           texts::tr("It was looked for here:\n%1\nCheck the name, and whether its disk is "
+                                     "connected.")
+                               .arg(QDir::toNativeSeparators(file.absoluteFilePath()))};
+    }
+    if (file.isDir())
+        return alert_texts{texts::tr("%1 is a folder").arg(name),
+                           texts::tr("Choose the XML file of a timeline.")};
+    if (!file.isFile()) {
+        return alert_texts{texts::tr("%1 is not a file").arg(name),
+                           texts::tr("Choose the XML file of a timeline.")};
+    }
+    if (!file.isReadable()) {
+        return alert_texts{texts::tr("You may not read %1").arg(name),
+                           texts::tr("Ask its owner for the permission, or for a copy.")};
+    }
+    return std::nullopt;
+}
 
 std::optional<alert_texts> obstacle_to_dropping(const QList<QUrl>& urls)
 {

@@ -11,6 +11,9 @@
 
 namespace tallyframe::window {
 
+/// What stands against opening a file, where that can be told at once; nothing for one that can be read.
+std::optional<alert_texts> obstacle_to_opening(const QString& path);
+
 /// What stands against opening what was dropped on the window; nothing for a single file of this computer.
 std::optional<alert_texts> obstacle_to_dropping(const QList<QUrl>& urls);
 

@@ -5,6 +5,7 @@
 #include "window/runs/obstacles.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <fstream>
 
@@ -19,6 +20,11 @@ std::string both(const std::optional<alert_texts>& obstacle)
     return obstacle ? (obstacle->message_text + " | " + obstacle->informative_text).toStdString() : "none";
 }
 
+std::string to_opening(const fs::path& path)
+{
+    return both(obstacle_to_opening(qt_path(path)));
+}
+
 std::string to_saving(const fs::path& workbook, const fs::path& document, const report_options& options = {})
 {
     return both(obstacle_to_saving(qt_path(workbook), qt_path(document), options));
@@ -31,6 +37,33 @@ void touch(const fs::path& path)
 }
 
 } // namespace
+
+TEST(obstacle_to_opening, is_whatever_cannot_be_read_as_a_file)
+{
+    const testing_support::temporary_folder folder;
+    const fs::path document = folder.path() / "cut.xml";
+    EXPECT_EQ(to_opening(document),
+              "cut.xml is not there | It was looked for here:\n" + document.string()
+                  + "\nCheck the name, and whether its disk is connected.");
+    std::ofstream(document) << "<xmeml/>";
+    EXPECT_EQ(to_opening(document), "none");
+    EXPECT_EQ(to_opening(folder.path() / ""),
+              folder.path().filename().string() + " is a folder | Choose the XML file of a timeline.");
+    EXPECT_EQ(to_opening("/"), "/ is a folder | Choose the XML file of a timeline.");
+    EXPECT_EQ(to_opening("/dev/null"), "null is not a file | Choose the XML file of a timeline.");
+}
+
+TEST(obstacle_to_opening, is_a_file_that_its_owner_keeps_closed)
+{
+    if (geteuid() == 0)
+        GTEST_SKIP() << "the superuser reads all files";
+    const testing_support::temporary_folder folder;
+    const fs::path document = folder.path() / "cut.xml";
+    std::ofstream(document) << "<xmeml/>";
+    fs::permissions(document, fs::perms::none);
+    EXPECT_EQ(to_opening(document),
+              "You may not read cut.xml | Ask its owner for the permission, or for a copy.");
+}
 
 TEST(obstacle_to_dropping, is_anything_but_a_single_file_of_this_computer)
 {
