@@ -2,6 +2,7 @@
 #pragma once
 
 #include "support/temporary_folder.h"
+#include "support/xmeml_builder.h"
 #include "window/main_window.h"
 #include "window/models/qt_text.h"
 #include "window/panels/layouts_editor.h"
@@ -39,6 +40,21 @@ inline std::string bytes_of(const std::filesystem::path& path)
     std::ostringstream bytes;
     bytes << file.rdbuf();
     return bytes.str();
+}
+
+/// A document of two sequences, "Reel 1" with two video tracks and "Reel 2" with three.
+inline std::string two_sequences()
+{
+    using testing_support::clip;
+    return testing_support::xmeml()
+        .sequence("Reel 1", {.uuid = "one"})
+        .video_track({clip("A").at(0, 50)})
+        .video_track({clip("B").at(0, 50)})
+        .sequence("Reel 2", {.uuid = "two"})
+        .video_track({clip("C").at(0, 50)})
+        .video_track({clip("D").at(0, 50)})
+        .video_track({clip("E").at(0, 50)})
+        .text();
 }
 
 /// A window of its own for each test, with settings in a folder that goes with it. Drives it by its controls'
