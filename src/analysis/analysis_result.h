@@ -4,6 +4,7 @@
 #include "analysis/clip_record.h"
 #include "analysis/effect_records.h"
 #include "media/marker_record.h"
+#include "run/account.h"
 #include "timecode/display_format.h"
 #include "timecode/frame_rates.h"
 
@@ -51,6 +52,7 @@ struct analysis_result {
     std::vector<transition_record> audio_transition_array;
 
     std::vector<marker_record> seq_markers_data_array;
+    account losses; ///< items that were not listed, and facts that were supplied
     std::vector<std::string> reels_array; ///< each reel's name once, in ascending order of their bytes
 };
 

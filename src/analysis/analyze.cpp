@@ -38,16 +38,19 @@ std::vector<marker_record> sequence_marker_records(const std::vector<xml_node>& 
 
 } // namespace
 
-analysis_result analyze(const document_index& index, xml_node sequence, document_additions& additions,
-                        media_catalogues& catalogues, report_scope scope, track_checkboxes& video_checkboxes,
-                        track_checkboxes& audio_checkboxes, diagnostics& out, progress& display)
+analysis_result analyze(const document_index& index, const analysis_subject& subject,
+                        document_additions& additions, media_catalogues& catalogues,
+                        track_checkboxes& video_checkboxes, track_checkboxes& audio_checkboxes,
+                        diagnostics& out, progress& display)
 {
+    const auto& [sequence, scope, missing] = subject;
     analysis_result result;
     text_budget texts;
     result.is_sequence = static_cast<bool>(sequence);
-    const std::int64_t sequence_start_frame = sequence ? read_sequence_header(sequence, result) : 0;
+    const std::int64_t sequence_start_frame = sequence ? read_sequence_header(sequence, missing, result) : 0;
 
-    const walked_tracks tracks = sequence ? tracks_of_sequence(sequence) : tracks_of_bins(index);
+    const walked_tracks tracks =
+        sequence ? tracks_of_sequence(sequence, result.losses) : tracks_of_bins(index);
     const std::vector<xml_node> sequence_markers = sequence.all("marker");
     result.video_tracks = video_track_descriptions(tracks.video, result.is_sequence);
     result.audio_tracks = audio_track_descriptions(tracks.audio, result.is_sequence);

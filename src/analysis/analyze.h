@@ -4,6 +4,7 @@
 #include "analysis/analysis_result.h"
 #include "analysis/document_additions.h"
 #include "analysis/report_scope.h"
+#include "analysis/sequence_header.h"
 #include "document/document_index.h"
 #include "document/track_checkboxes.h"
 #include "document/xml_node.h"
@@ -11,7 +12,16 @@
 #include "run/diagnostics.h"
 #include "run/progress.h"
 
+#include <optional>
+
 namespace tallyframe {
+
+/// What to analyse.
+struct analysis_subject {
+    xml_node sequence; ///< none: the clips of all bins
+    report_scope scope = report_scope::video_audio;
+    std::optional<stand_ins> missing = {}; ///< for what the sequence lacks; without them that is a failure
+};
 
 /// Analyses a sequence of the document, or the clips of all bins when it is none.
 ///
@@ -26,8 +36,9 @@ namespace tallyframe {
 /// Throws analysis_error: "This sequence has no timebase" for a rate that is none of those supported, or a
 /// sentence that names the element that is missing, its item and its track. What display throws (a user's
 /// stop) passes through.
-analysis_result analyze(const document_index& index, xml_node sequence, document_additions& additions,
-                        media_catalogues& catalogues, report_scope scope, track_checkboxes& video_checkboxes,
-                        track_checkboxes& audio_checkboxes, diagnostics& out, progress& display);
+analysis_result analyze(const document_index& index, const analysis_subject& subject,
+                        document_additions& additions, media_catalogues& catalogues,
+                        track_checkboxes& video_checkboxes, track_checkboxes& audio_checkboxes,
+                        diagnostics& out, progress& display);
 
 } // namespace tallyframe

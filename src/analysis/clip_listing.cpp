@@ -3,11 +3,32 @@
 
 namespace tallyframe {
 
-const file_record* listed_file_of(const analysis_walk& walk, const clip_item& clip)
+namespace {
+
+/// "Interview 3 on V2", as losses name a clip.
+std::string name_on_track(const track_context& track, const clip_item& clip)
 {
-    if (!clip.file_id || clip.positions.duration == 0)
-        return nullptr;
-    return walk.files.find(*clip.file_id);
+    return clip.name.value_or("a clip") + " on " + track.label;
+}
+
+loss_kind reason_not_to_list(const clip_item& clip)
+{
+    if (clip.file_id)
+        return clip.positions.duration == 0 ? loss_kind::clips_without_length
+                                            : loss_kind::clips_without_media;
+    return clip.element.child("sequence") ? loss_kind::nested_sequences : loss_kind::clips_without_media;
+}
+
+} // namespace
+
+const file_record* listed_file_of(const analysis_walk& walk, const track_context& track,
+                                  const clip_item& clip)
+{
+    const file_record* file =
+        clip.file_id && clip.positions.duration != 0 ? walk.files.find(*clip.file_id) : nullptr;
+    if (file == nullptr)
+        walk.result.losses.add(reason_not_to_list(clip), 1, name_on_track(track, clip));
+    return file;
 }
 
 clip_record clip_record_of(const analysis_walk& walk, const track_context& track, const clip_item& clip,
@@ -53,6 +74,8 @@ void drop_overlapped_clips(const analysis_walk& walk, const track_context& track
            && seq_start_frame <= records.back().place.seq_end_frame) {
         walk.out.write(
             "\"sanity check for clips progressing in a track, progressing_track_clips = false\"\n");
+        walk.result.losses.add(loss_kind::overlapped_clips, 1,
+                               records.back().name.value_or("a clip") + " on " + track.label);
         records.pop_back();
     }
 }

@@ -5,6 +5,7 @@
 #include "document/document_index.h"
 #include "document/track_checkboxes.h"
 #include "document/xml_node.h"
+#include "run/account.h"
 
 #include <cstdint>
 #include <vector>
@@ -18,7 +19,8 @@ struct walked_tracks {
 };
 
 /// The tracks of a sequence; of a group that Premiere Pro has written as one track a channel only the first.
-walked_tracks tracks_of_sequence(xml_node sequence);
+/// The clip items of the others are noted in `losses`.
+walked_tracks tracks_of_sequence(xml_node sequence, account& losses);
 
 /// One track of each clip of the bins: the first video track of a clip with video, else the first audio
 /// track.

@@ -35,7 +35,7 @@ void analyze_video_clip(analysis_walk& walk, const track_context& track, xml_nod
 {
     const clip_item clip = read_clip_item(walk, track, element, item_number);
     double speed = 100;
-    if (const file_record* file = listed_file_of(walk, clip)) {
+    if (const file_record* file = listed_file_of(walk, track, clip)) {
         const source_frames source = source_frames_of(walk, clip, *file);
         walk.src_start_frame = source.first;
         speed = source.is_reversed ? -source.speed : source.speed;

@@ -49,7 +49,9 @@ constexpr color_flag color_flags[] = {
     {"--marker-color", &report_options::marker_row_color, "Text color of marker rows (gray)"},
 };
 
-void add_item_flags(CLI::App& report, raw_report_flags& raw)
+constexpr const char* unidentified_help = "Sequences without an identifier too, behind the others";
+
+void add_item_flags(CLI::App& report, raw_report_flags& raw, report_request& request)
 {
     constexpr const char* group = "What to report";
     auto* item = report.add_option("--item", raw.item, "Entry of the document by its position in `list`");
@@ -68,6 +70,7 @@ void add_item_flags(CLI::App& report, raw_report_flags& raw)
     bins->option_text(" ");
     all->option_text(" ");
     sequence->option_text("UUID");
+    report.add_flag("--unidentified", request.unidentified, unidentified_help)->group(group);
     report.add_option("--scope", raw.scope, "video+audio (default), video or audio")
         ->option_text("SCOPE")
         ->group(group);
@@ -337,6 +340,7 @@ CLI::App* add_list_command(CLI::App& app, list_request& request)
     list->group("Commands");
     list->add_option("FILE.xml", request.document, "The exported timeline")->required()->option_text(" ");
     list->add_flag("--json", request.json, "As JSON, for scripts");
+    list->add_flag("--unidentified", request.unidentified, unidentified_help);
     list->footer("`report --item` takes the number in front, `report --sequence` the identifier at\n"
                  "the end.");
     return list;
@@ -351,7 +355,7 @@ CLI::App* add_report_command(CLI::App& app, raw_report_flags& raw, report_reques
         ->add_option("-o,--output", request.output,
                      "The workbook, or the folder for it (FILE.xls in the current folder)")
         ->option_text("REPORT.xls");
-    add_item_flags(*report, raw);
+    add_item_flags(*report, raw, request);
     add_content_flags(*report, raw, request.options);
     add_sheet_flags(*report, request.options);
     add_media_flags(*report, raw, request);

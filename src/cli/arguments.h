@@ -24,12 +24,14 @@ struct item_choice {
 struct list_request {
     std::filesystem::path document;
     bool json = false;
+    bool unidentified = false; ///< sequences without an identifier too
 };
 
 struct report_request {
     std::filesystem::path document;
     std::optional<std::filesystem::path> output;
     item_choice item;
+    bool unidentified = false; ///< sequences without an identifier too
     report_scope scope = report_scope::video_audio;
     std::optional<std::vector<std::string>> tracks; ///< labels of the ticked tracks; nothing for all
     report_options options;

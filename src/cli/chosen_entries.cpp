@@ -66,7 +66,7 @@ positions entry_with(const std::string& uuid, const std::vector<catalogue_entry>
 
 positions bins_entry(const std::vector<catalogue_entry>& menu)
 {
-    positions found = entries_where(menu, [](const catalogue_entry& entry) { return entry.uuid.empty(); });
+    positions found = entries_where(menu, [](const catalogue_entry& entry) { return entry.is_bins(); });
     if (found.empty())
         refuse("The document has no clips in bins. It offers:", menu);
     return found;

@@ -7,6 +7,7 @@
 #include "cli/messages.h"
 #include "cli/report_paths.h"
 #include "cli/track_choice.h"
+#include "document/other_format.h"
 #include "media_files/report_media.h"
 #include "media_files/thumbnail_folder.h"
 #include "run/failures.h"
@@ -55,13 +56,43 @@ void print(std::ostream& out, std::string_view text)
             fmt::format("The output could not be written: {}", std::generic_category().message(errno)));
 }
 
+unidentified_sequences listing_of(bool unidentified)
+{
+    return unidentified ? unidentified_sequences::listed : unidentified_sequences::left_out;
+}
+
+/// Says what the document offers nothing of, or not without being asked.
+void tell_left_out(const report_session& session, const std::filesystem::path& document, std::ostream& err)
+{
+    const std::size_t left_out = left_out_sequences(session);
+    if (!session.menu.empty())
+        err << left_out_sentence(left_out);
+    else if (const auto other = other_format_of(document))
+        err << *other << '\n';
+    else
+        err << empty_menu_sentence(document.string(), left_out);
+}
+
+/// Opens the document. Before a failure that says little of a file of another kind, says what it is.
+void open_document(run_state& state, const std::filesystem::path& document, std::ostream& err)
+{
+    try {
+        get_sequences_names(state.session, document, state.services);
+    } catch (const load_error& error) {
+        const auto other = error.fault() == load_fault::unexpected ? std::nullopt : other_format_of(document);
+        if (other)
+            err << *other << '\n';
+        throw;
+    }
+}
+
 int list_menu(const list_request& request, std::ostream& out, std::ostream& err)
 {
     run_state state(out, err, true, false);
-    get_sequences_names(state.session, request.document, state.services);
+    state.session.without_uuid = listing_of(request.unidentified);
+    open_document(state, request.document, err);
     const std::vector<catalogue_entry>& menu = state.session.menu;
-    if (menu.empty())
-        err << empty_menu_sentence(request.document.string());
+    tell_left_out(state.session, request.document, err);
     tell_losses(state.session.document->losses, err);
     print(out, request.json ? menu_as_json(menu) : menu_as_table(menu));
     state.session.document->document.leave_to_process_end();
@@ -123,7 +154,7 @@ account write_report(run_state& state, report_media& media, const report_request
 {
     const auto& [position, path] = planned;
     report_session& session = state.session;
-    if (request.item.by == item_choice::kind::all)
+    if (request.item.by == item_choice::kind::all || session.menu[position].unidentified)
         get_info_from_entry(session, position, state.catalogues, state.services);
     else
         get_info_from_sequence_or_bins(session, session.menu[position].uuid, state.services);
@@ -132,9 +163,10 @@ account write_report(run_state& state, report_media& media, const report_request
     std::optional<thumbnail_folder> folder = media.folder_for(path);
     const media_services services = media.services(folder);
     printing_workspace desktop(err);
-    account lost = save_excel(session.analysis, session.video_tracks_table_checkboxes,
-                              session.audio_tracks_table_checkboxes, request.options, path,
-                              {state.diagnostic_output, state.display, &desktop, &services});
+    account lost = session.analysis.losses;
+    lost += save_excel(session.analysis, session.video_tracks_table_checkboxes,
+                       session.audio_tracks_table_checkboxes, request.options, path,
+                       {state.diagnostic_output, state.display, &desktop, &services});
     err << fmt::format("Wrote {}\n", visible_text(path.string()));
     return lost;
 }
@@ -180,14 +212,16 @@ int report(const report_request& request, std::ostream& out, std::ostream& err)
     run_state state(out, err, request.quiet, request.progress);
     state.diagnostic_output.write(xml_library_version() + "\n");
     state.session.import_video_audio_preference = request.scope;
-    get_sequences_names(state.session, request.document, state.services);
+    state.session.without_uuid = listing_of(request.unidentified);
+    open_document(state, request.document, err);
     const std::vector<catalogue_entry>& menu = state.session.menu;
     if (menu.empty()) {
-        err << empty_menu_sentence(request.document.string());
+        tell_left_out(state.session, request.document, err);
         tell_losses(state.session.document->losses, err);
         return failed;
     }
     const exit_code code = write_reports(state, request, planned_reports(request, menu), err);
+    tell_left_out(state.session, request.document, err);
     state.session.document->document.leave_to_process_end();
     return code;
 }

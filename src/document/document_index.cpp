@@ -68,6 +68,11 @@ void document_index::take_in(xml_node element)
             && element.parent().parent().has_name("children"))
             bin_clip_media.push_back(element);
         break;
+    case 's':
+        // One without elements only repeats the id of another.
+        if (element.has_name("sequence") && !element.child("uuid") && element.first_element())
+            unidentified_sequences.push_back(element);
+        break;
     case 'u':
         if (element.has_name("uuid") && element.parent().has_name("sequence"))
             take_in_uuid(element);

@@ -36,6 +36,7 @@ public:
     std::vector<xml_node> files; ///< //file
     std::vector<xml_node> bin_clip_media; ///< //children/clip/media
     std::vector<xml_node> sequence_uuids; ///< //sequence/uuid
+    std::vector<xml_node> unidentified_sequences; ///< //sequence[*][not(uuid)]
     bool has_bin_clips = false; ///< //children/clip
     bool has_updatebehavior = false; ///< //updatebehavior
 

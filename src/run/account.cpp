@@ -41,6 +41,18 @@ constexpr std::array<loss_sentence, loss_kind_count> sentences = {{
      "{} folders could not be searched for media"},
     {loss_kind::absent_pictures, "1 row is without its picture, which could not be made",
      "{} rows are without their pictures, which could not be made"},
+    {loss_kind::supplied_facts, "1 fact that the sequence lacks was supplied",
+     "{} facts that the sequence lacks were supplied"},
+    {loss_kind::nested_sequences, "1 nested sequence without a media file is not listed",
+     "{} nested sequences without a media file are not listed"},
+    {loss_kind::clips_without_media, "1 clip without a media file is not listed",
+     "{} clips without a media file are not listed"},
+    {loss_kind::clips_without_length, "1 clip of no length is not listed",
+     "{} clips of no length are not listed"},
+    {loss_kind::overlapped_clips, "1 clip is not listed, because a later one of its track covers it",
+     "{} clips are not listed, because later ones of their tracks cover them"},
+    {loss_kind::further_channels, "1 audio clip is a further channel of another, and not listed",
+     "{} audio clips are further channels of others, and not listed"},
 }};
 
 std::string sentence_of(const loss_sentence& texts, const loss& lost)

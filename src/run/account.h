@@ -21,8 +21,14 @@ enum class loss_kind {
     unmade_pictures, ///< rows without a picture, because there is no place for temporary files
     unread_folders, ///< folders below --media-search that could not be read; examples: their paths
     absent_pictures, ///< rows whose picture could not be made or stored, and that show none
+    supplied_facts, ///< what the sequence lacked and was supplied; examples: "its rate: 25"
+    nested_sequences, ///< clip items that are sequences without a media file; examples: "NAME on V2"
+    clips_without_media, ///< clip items whose media file the document does not tell
+    clips_without_length, ///< clip items that last no frame
+    overlapped_clips, ///< clips that a later one of their track covers
+    further_channels, ///< clip items of tracks that hold another channel of the track before
 };
-inline constexpr std::size_t loss_kind_count = 10;
+inline constexpr std::size_t loss_kind_count = 16;
 
 /// How much was lost of one kind.
 struct loss {

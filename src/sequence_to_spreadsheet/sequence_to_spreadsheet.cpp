@@ -22,27 +22,36 @@ void load(report_session& session, const xml_input& input, const session_service
         previous.free_before_going_on(services.display);
     }
     session.document = parse_xml(input, services.out, services.display);
-    session.menu = sequence_catalogue(session.document->index);
+    session.menu = sequence_catalogue(session.document->index, session.without_uuid);
     services.menu.set_enabled(!session.menu.empty());
     if (session.menu.size() == 1)
         services.menu.analyze_sequence();
 }
 
-void analyze_into(report_session& session, xml_node sequence, document_additions& additions,
-                  media_catalogues& catalogues, const session_services& services)
+/// `name`: what the sequence is called where it has no name.
+void analyze_into(report_session& session, xml_node sequence, const std::string& name,
+                  document_additions& additions, media_catalogues& catalogues,
+                  const session_services& services)
 {
-    session.analysis = analyze(session.document.value().index, sequence, additions, catalogues,
-                               session.import_video_audio_preference, session.video_tracks_table_checkboxes,
-                               session.audio_tracks_table_checkboxes, services.out, services.display);
+    analysis_subject subject{.sequence = sequence, .scope = session.import_video_audio_preference};
+    if (session.without_uuid == unidentified_sequences::listed)
+        subject.missing = stand_ins{name};
+    session.analysis = analyze(session.document.value().index, subject, additions, catalogues,
+                               session.video_tracks_table_checkboxes, session.audio_tracks_table_checkboxes,
+                               services.out, services.display);
     services.display.end();
 }
 
-/// The sequences end the menu, in the order of their identifiers in the document. None: the bins' entry.
+/// The sequences with a uuid stand in the menu in the order of their identifiers in the document, behind the
+/// bins' entry. None: that entry.
 xml_node sequence_of_entry(const report_session& session, std::size_t menu_position)
 {
-    const std::vector<xml_node>& uuids = session.document.value().index.sequence_uuids;
-    const std::size_t before = session.menu.size() - uuids.size();
-    return menu_position < before ? xml_node() : uuids.at(menu_position - before).parent();
+    const document_index& index = session.document.value().index;
+    const catalogue_entry& entry = session.menu.at(menu_position);
+    if (entry.unidentified)
+        return index.unidentified_sequences.at(*entry.unidentified);
+    const std::size_t before = index.has_bin_clips ? 2 : 0; // the entry and the separator
+    return menu_position < before ? xml_node() : index.sequence_uuids.at(menu_position - before).parent();
 }
 
 void show_failure(const std::exception& error, const session_services& services)
@@ -84,7 +93,7 @@ void get_info_from_sequence_or_bins(report_session& session, std::string_view uu
                                     const session_services& services)
 {
     media_catalogues catalogues;
-    analyze_into(session, session.document.value().index.sequence_with_uuid(uuid), session.additions,
+    analyze_into(session, session.document.value().index.sequence_with_uuid(uuid), {}, session.additions,
                  catalogues, services);
 }
 
@@ -92,7 +101,14 @@ void get_info_from_entry(report_session& session, std::size_t menu_position, med
                          const session_services& services)
 {
     document_additions additions;
-    analyze_into(session, sequence_of_entry(session, menu_position), additions, catalogues, services);
+    analyze_into(session, sequence_of_entry(session, menu_position), session.menu.at(menu_position).title,
+                 additions, catalogues, services);
+}
+
+std::size_t left_out_sequences(const report_session& session)
+{
+    const bool are_listed = session.without_uuid == unidentified_sequences::listed;
+    return !session.document || are_listed ? 0 : session.document->index.unidentified_sequences.size();
 }
 
 std::string get_project_name()

@@ -36,6 +36,7 @@ namespace tallyframe {
 struct report_session {
     std::optional<parsed_xml> document; ///< lives from one file's opening to the next
     document_additions additions; ///< what the analyses so far have added to it
+    unidentified_sequences without_uuid = unidentified_sequences::left_out; ///< the host's choice
     std::vector<catalogue_entry> menu; ///< the menu's items; `uuid` of each tells what it is
     std::optional<std::size_t> analyzed_sequence_index; ///< which item `analysis` tells of; the host sets it
     track_checkboxes video_tracks_table_checkboxes;
@@ -52,12 +53,17 @@ struct session_services {
     sequence_menu& menu;
 };
 
-/// Loads a document and fills the menu: "Bin Clips" when it has loose clips, a separator, its sequences.
+/// Loads a document and fills the menu: "Bin Clips" when it has loose clips, a separator, its sequences, as
+/// session.without_uuid says. Where sequences without a uuid are listed, what any sequence lacks is supplied.
 /// Starts the analysis through the menu when there is only one thing to report.
 ///
 /// A failure empties the menu. It reaches the caller when gui_mode is false; otherwise it is shown as an
 /// alert and counts as handled. A user's stop and a lack of memory reach the caller in any case.
 void get_sequences_names(report_session& session, const xml_input& input, const session_services& services);
+
+/// How many sequences of the loaded document are not in the menu, because they have no uuid; 0 where they
+/// are.
+std::size_t left_out_sequences(const report_session& session);
 
 /// Saves and empties the check boxes of both track tables.
 void clone_and_clear_tableview_checkboxes(report_session& session);
@@ -72,8 +78,9 @@ void get_info_from_sequence_or_bins(report_session& session, std::string_view uu
 
 /// The same for the entry at that position of the menu. Of several sequences with one uuid it is the entry's
 /// own, where get_info_from_sequence_or_bins finds the first. The entry is analysed as if it came first: it
-/// neither sees the additions of other analyses nor leaves any. `catalogues` is the caller's, empty at first,
-/// and goes from one entry of the document to the next: the media files are then read once for all.
+/// neither sees the additions of other analyses nor leaves any. So are sequences without a uuid, which no
+/// other operation analyses. `catalogues` is the caller's, empty at first, and goes from one entry of the
+/// document to the next: the media files are then read once for all.
 void get_info_from_entry(report_session& session, std::size_t menu_position, media_catalogues& catalogues,
                          const session_services& services);
 

@@ -11,6 +11,7 @@
 #include "window/panels/alert_sheet.h"
 #include "window/panels/document_bar.h"
 #include "window/panels/help_dialogs.h"
+#include "window/panels/left_out_line.h"
 #include "window/panels/message_page.h"
 #include "window/panels/open_dialog.h"
 #include "window/panels/options_panel.h"
@@ -100,6 +101,7 @@ void main_window::connect_panels()
     connect(page_->bar, &document_bar::save_requested, this, &main_window::ask_where_to_save_report);
     connect(page_->bar, &document_bar::analyze_requested, this, &main_window::analyze);
     connect(page_->bar, &document_bar::entry_chosen, this, &main_window::analyze_if_new);
+    connect(page_->left_out, &left_out_line::listing_requested, this, &main_window::list_unidentified);
     connect(page_->video_tracks, &tracks_panel::ticks_changed, this, &main_window::take_ticks);
     connect(page_->audio_tracks, &tracks_panel::ticks_changed, this, &main_window::take_ticks);
     connect(page_->options, &options_panel::changed, this, &main_window::take_choices);

@@ -63,6 +63,7 @@ private:
     void update_enabled();
 
     void start_opening();
+    void list_unidentified();
     void analyze();
     void analyze_if_new();
     void cancel_run();
@@ -79,6 +80,7 @@ private:
     choices choices_;
     session_runner runner_;
     QString document_; ///< the one that is open, or is being opened
+    unidentified_sequences without_uuid_ = unidentified_sequences::left_out; ///< of that document
     QString unread_document_; ///< the name of the last one, where it could not be read
     QString workbook_; ///< the one that is being saved, or was saved last
     QString run_title_; ///< of the run that was started last

@@ -3,6 +3,7 @@
 
 #include "window/panels/account_label.h"
 #include "window/panels/document_bar.h"
+#include "window/panels/left_out_line.h"
 #include "window/panels/message_page.h"
 #include "window/panels/options_panel.h"
 #include "window/panels/preview_panel.h"
@@ -21,7 +22,7 @@ main_window_page::main_window_page(QWidget* parent)
       video_tracks(new tracks_panel(tr("Video tracks"), "videoTracksTableView")),
       audio_tracks(new tracks_panel(tr("Audio tracks"), "audioTracksTableView")), options(new options_panel),
       preview(new preview_panel), message(new message_page), document_losses(new account_label),
-      banner(new saved_banner), middle_(new QStackedWidget)
+      left_out(new left_out_line), banner(new saved_banner), middle_(new QStackedWidget)
 {
     auto* column = new QVBoxLayout(this);
     column->addWidget(bar);
@@ -62,6 +63,7 @@ QWidget* main_window_page::make_middle()
     auto* column = new QVBoxLayout(middle);
     column->setContentsMargins({});
     column->addWidget(document_losses);
+    column->addWidget(left_out);
     column->addWidget(banner);
     column->addWidget(middle_, 1);
     return middle;

@@ -9,6 +9,7 @@ namespace tallyframe::window {
 
 class account_label;
 class document_bar;
+class left_out_line;
 class message_page;
 class options_panel;
 class preview_panel;
@@ -35,6 +36,7 @@ public:
     preview_panel* const preview;
     message_page* const message;
     account_label* const document_losses; ///< what mending took from the document
+    left_out_line* const left_out;
     saved_banner* const banner;
 
 private:

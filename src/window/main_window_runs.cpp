@@ -8,6 +8,7 @@
 #include "window/panels/account_label.h"
 #include "window/panels/alert_sheet.h"
 #include "window/panels/document_bar.h"
+#include "window/panels/left_out_line.h"
 #include "window/panels/options_panel.h"
 #include "window/panels/progress_sheet.h"
 #include "window/panels/save_dialog.h"
@@ -33,6 +34,7 @@ void main_window::open_document(const QString& path)
         return;
     }
     document_ = path;
+    without_uuid_ = unidentified_sequences::left_out;
     start_opening();
 }
 
@@ -42,11 +44,20 @@ void main_window::start_opening()
     analyzing_.reset();
     unread_document_.clear();
     page_->document_losses->hide();
+    page_->left_out->hide();
     page_->bar->set_entries({});
     leave_analysis();
-    runner_.open(file_path(document_), page_->options->chosen_scope());
+    runner_.open(file_path(document_), page_->options->chosen_scope(), without_uuid_);
     show_message();
     update_enabled();
+}
+
+void main_window::list_unidentified()
+{
+    if (runner_.is_running())
+        return;
+    without_uuid_ = unidentified_sequences::listed;
+    start_opening();
 }
 
 void main_window::analyze()
@@ -108,6 +119,7 @@ void main_window::show_opened(const run_outcome& outcome)
         unread_document_ = QFileInfo(document_).fileName();
     if (const auto& document = runner_.session().document)
         page_->document_losses->show_account(document->losses);
+    page_->left_out->set_count(left_out_sequences(runner_.session()));
     if (outcome.enables_menu)
         is_menu_useful_ = *outcome.enables_menu;
     if (outcome.is_good() && !runner_.session().menu.empty()) {

@@ -429,9 +429,9 @@ TEST(analyze, lets_a_stop_through)
     display.stop_at = 1;
     analyzed_document document(one_clip_each());
     media_catalogues catalogues;
-    EXPECT_THROW(analyze(document.parsed.index, document.parsed.index.sequence_with_uuid("uuid-1"),
-                         document.additions, catalogues, report_scope::video_audio, document.video_checkboxes,
-                         document.audio_checkboxes, document.out, display),
+    const analysis_subject subject{.sequence = document.parsed.index.sequence_with_uuid("uuid-1")};
+    EXPECT_THROW(analyze(document.parsed.index, subject, document.additions, catalogues,
+                         document.video_checkboxes, document.audio_checkboxes, document.out, display),
                  run_cancelled);
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "analysis/sequence_header.h"
+#include "run/account.h"
 #include "run/failures.h"
 #include "support/analyzed_document.h"
 
@@ -130,6 +131,65 @@ TEST(sequence_header, tells_drop_frame_by_the_timecode_without_a_display_format)
               display_format::non_drop_frame);
     EXPECT_EQ(displayformat("<displayformat>odd</displayformat>"), display_format::unknown);
     EXPECT_EQ(displayformat("<displayformat/>"), display_format::unknown);
+}
+
+/// The header of a sequence without an identifier, with stand-ins for what it lacks.
+struct supplied_header {
+    analysis_result result;
+    std::int64_t first_frame;
+
+    explicit supplied_header(const std::string& inside)
+    {
+        const parsed_xml parsed = parsed_text("<xmeml><sequence>" + inside + "</sequence></xmeml>");
+        first_frame =
+            read_sequence_header(parsed.index.unidentified_sequences.at(0), stand_ins{"Sequence 1"}, result);
+    }
+};
+
+TEST(sequence_header, gets_its_rate_and_first_frame_where_there_is_no_timecode)
+{
+    const supplied_header header("<name>Cut</name><duration>50</duration>"
+                                 "<rate><timebase>30</timebase><ntsc>TRUE</ntsc></rate>");
+    EXPECT_EQ(header.result.seq_fcp_rate, (frame_rate{29.97, true}));
+    EXPECT_EQ(header.first_frame, 0);
+    EXPECT_THAT(
+        sentences_of(header.result.losses),
+        testing::ElementsAre("2 facts that the sequence lacks were supplied (its rate: 29.97, its first "
+                             "frame: 0)."));
+}
+
+TEST(sequence_header, takes_the_first_frame_from_a_timecode_without_a_frame)
+{
+    const supplied_header header("<name>Cut</name><duration>50</duration><rate><timebase>25</timebase></rate>"
+                                 "<timecode><string>01:00:00:00</string></timecode>");
+    EXPECT_EQ(header.first_frame, 90000);
+}
+
+TEST(sequence_header, gets_a_name_and_the_end_of_its_last_item_as_duration)
+{
+    const supplied_header header("<rate><timebase>25</timebase></rate>" + timecode("")
+                                 + "<media><video><track><clipitem><end>70</end></clipitem><generatoritem>"
+                                   "<end>90</end></generatoritem></track></video><audio><track><clipitem>"
+                                   "<end>80</end></clipitem></track></audio></media>");
+    EXPECT_EQ(header.result.sequence_name, "Sequence 1");
+    EXPECT_EQ(header.result.sequence_duration, 90);
+    EXPECT_EQ(header.result.seq_fcp_rate, (frame_rate{25, false})) << "that of the timecode";
+    EXPECT_EQ(sentences_of(header.result.losses).at(0),
+              "2 facts that the sequence lacks were supplied (its name: Sequence 1, its duration: 90).");
+}
+
+TEST(sequence_header, says_that_no_rate_can_be_supplied)
+{
+    EXPECT_THAT([] { (void)supplied_header("<marker/>"); },
+                testing::ThrowsMessage<analysis_error>(
+                    "The sequence \"Sequence 1\" has neither a timecode with a rate nor a rate of its own. "
+                    "Export it again from the program that it was cut in."));
+}
+
+TEST(sequence_header, supplies_nothing_to_a_sequence_that_has_all)
+{
+    const supplied_header header("<name>Cut</name><duration>50</duration>" + timecode(""));
+    EXPECT_TRUE(header.result.losses.is_empty());
 }
 
 TEST(sequence_header, says_what_is_missing)

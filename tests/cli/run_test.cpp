@@ -134,16 +134,14 @@ TEST(list, shows_what_a_title_would_do_to_the_terminal)
 TEST(list, says_why_a_document_offers_nothing)
 {
     const scratch_folder folder;
-    write_file("cut.xml", xmeml("<sequence><name>No identifier</name></sequence>"));
+    write_file("cut.xml", xmeml("<sequence id=\"elsewhere\"/>"));
     const outcome result = run_with({"list", "cut.xml"});
     EXPECT_EQ(result.code, done);
     EXPECT_EQ(result.out, "");
-    EXPECT_EQ(
-        result.err,
-        "\"cut.xml\" offers nothing to report: no clips in bins, and no sequence with an identifier (uuid).\n"
-        "Export the sequence again as XML from Premiere Pro, or from Final Cut Pro 7 as \"Apple XML "
-        "Interchange "
-        "Format, version 5\".\n");
+    EXPECT_EQ(result.err,
+              "\"cut.xml\" offers nothing to report: no clips in bins, and no sequence.\n"
+              "Export the sequence again as XML from Premiere Pro, or from Final Cut Pro 7 as \"Apple XML "
+              "Interchange Format, version 5\".\n");
 }
 
 TEST(report, shows_what_a_name_would_do_to_the_terminal)

@@ -12,9 +12,11 @@ namespace {
 
 using entries = std::vector<catalogue_entry>;
 
-entries catalogue_of(const std::string& inside)
+entries catalogue_of(const std::string& inside,
+                     unidentified_sequences without_uuid = unidentified_sequences::left_out)
 {
-    return sequence_catalogue(testing_support::parsed_text("<xmeml>" + inside + "</xmeml>").index);
+    return sequence_catalogue(testing_support::parsed_text("<xmeml>" + inside + "</xmeml>").index,
+                              without_uuid);
 }
 
 std::string named_sequence(const std::string& uuid, const std::string& name)
@@ -41,6 +43,32 @@ TEST(sequence_catalogue, has_no_separator_when_one_kind_is_missing)
 TEST(sequence_catalogue, is_empty_for_a_document_with_neither)
 {
     EXPECT_EQ(catalogue_of("<clip/><sequence><name>no uuid</name></sequence>"), entries{});
+}
+
+TEST(sequence_catalogue, lists_sequences_without_a_uuid_behind_the_others_where_that_is_wanted)
+{
+    const std::string unnamed = "<sequence><rate/></sequence>";
+    const std::string nested = "<sequence id=\"n\"><name>Nested</name></sequence>";
+    const std::string text = "<sequence><name>First</name><media>" + nested
+        + "<sequence id=\"n\"/></media></sequence>" + loose_clip + named_sequence("u1", "Cut") + unnamed;
+    EXPECT_EQ(catalogue_of(text), (entries{bin_clips, separator, {"Cut", "u1"}}));
+    EXPECT_EQ(catalogue_of(text, unidentified_sequences::listed),
+              (entries{bin_clips,
+                       separator,
+                       {"Cut", "u1"},
+                       separator,
+                       {"First", "", 0},
+                       {"Nested", "", 1},
+                       {"Sequence 3", "", 2}}))
+        << "an element that only repeats an id is no sequence of its own";
+}
+
+TEST(sequence_catalogue, begins_with_sequences_without_a_uuid_where_there_is_nothing_else)
+{
+    EXPECT_EQ(catalogue_of("<sequence><name>Only</name></sequence>", unidentified_sequences::listed),
+              (entries{{"Only", "", 0}}));
+    EXPECT_FALSE((catalogue_entry{"Only", "", 0}.is_bins()));
+    EXPECT_TRUE(bin_clips.is_bins());
 }
 
 TEST(sequence_catalogue, finds_nested_sequences_in_document_order)

@@ -14,7 +14,7 @@ void analyzed_document::analyze_again(std::string_view uuid, report_scope scope)
     out = {};
     display = {};
     media_catalogues catalogues;
-    result = analyze(parsed.index, parsed.index.sequence_with_uuid(uuid), additions, catalogues, scope,
+    result = analyze(parsed.index, {parsed.index.sequence_with_uuid(uuid), scope}, additions, catalogues,
                      video_checkboxes, audio_checkboxes, out, display);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "window/runs/document_texts.h"
 
+#include "document/other_format.h"
 #include "window/models/qt_text.h"
 
 #include <QCoreApplication>
@@ -20,6 +21,13 @@ int entries_to_report(const std::vector<catalogue_entry>& menu)
 {
     return static_cast<int>(
         std::ranges::count_if(menu, [](const catalogue_entry& entry) { return !entry.is_separator(); }));
+}
+
+/// What kind of file the document is, where it is another one than those that are read; else `text`.
+QString kind_of_file_or(const session_runner& runner, const QString& text)
+{
+    const std::optional<std::string> other = other_format_of(runner.document());
+    return other ? qt_text(*other) : text;
 }
 
 } // namespace
@@ -46,7 +54,7 @@ page_texts texts_of_message(const session_runner& runner, const QString& unread_
         return {texts::tr("Reading…"), {}, false};
     if (!unread_document.isEmpty()) {
         return {texts::tr("%1 could not be read").arg(unread_document),
-                texts::tr("Export the sequence again, or open another file."), true};
+                kind_of_file_or(runner, texts::tr("Export the sequence again, or open another file.")), true};
     }
     const report_session& session = runner.session();
     if (!session.document) {
@@ -54,13 +62,15 @@ page_texts texts_of_message(const session_runner& runner, const QString& unread_
                 texts::tr("XML from Final Cut Pro 7 or Premiere Pro"), true};
     }
     const int entries = entries_to_report(session.menu);
+    if (entries == 0 && left_out_sequences(session) != 0) {
+        return {texts::tr("No sequence in this file has an identifier"),
+                texts::tr("Press \"List Them\" above to report one all the same."), false};
+    }
     if (entries == 0) {
-        return {
-            texts::tr("There is nothing to report in this file"),
-            texts::tr("It holds no sequence with an identifier and no clips in bins. Export the sequence "
-                      "again: in Final Cut Pro 7 with File > Export > XML, version 5; in Premiere Pro with "
-                      "File > Export > Final Cut Pro XML."),
-            true};
+        const QString advice = texts::tr(
+            "It holds no sequence and no clips in bins. Export the sequence again: in Final Cut Pro 7 with "
+            "File > Export > XML, version 5; in Premiere Pro with File > Export > Final Cut Pro XML.");
+        return {texts::tr("There is nothing to report in this file"), kind_of_file_or(runner, advice), true};
     }
     if (entries == 1) {
         return {texts::tr("The sequence is not analyzed"), texts::tr("Press Analyze to read it."), false};

@@ -59,10 +59,13 @@ std::optional<report_subject> session_runner::analyzed_subject() const
     return report_subject{*session_.analyzed_sequence_index, session_.import_video_audio_preference};
 }
 
-void session_runner::open(const std::filesystem::path& document, report_scope import_video_audio_preference)
+void session_runner::open(const std::filesystem::path& document, report_scope import_video_audio_preference,
+                          unidentified_sequences without_uuid)
 {
-    start({run_kind::opening, import_video_audio_preference, [this, document](run_outcome& outcome) {
+    start({run_kind::opening, import_video_audio_preference,
+           [this, document, without_uuid](run_outcome& outcome) {
                document_ = document;
+               session_.without_uuid = without_uuid;
                outcome_alerts alert(outcome);
                outcome_menu menu(outcome, [&] { analyze_entry(0, outcome); });
                get_sequences_names(session_, document, {out_, *display_, alert, menu});
@@ -86,9 +89,10 @@ void session_runner::save(const std::filesystem::path& workbook, const report_op
                std::optional<thumbnail_folder> folder = looked_at.folder_for(workbook);
                const media_services services = looked_at.services(folder);
                desktop_workspace desktop;
-               outcome.losses = save_excel(session_.analysis, session_.video_tracks_table_checkboxes,
-                                           session_.audio_tracks_table_checkboxes, options, workbook,
-                                           {out_, *display_, &desktop, &services});
+               outcome.losses = session_.analysis.losses;
+               outcome.losses += save_excel(session_.analysis, session_.video_tracks_table_checkboxes,
+                                            session_.audio_tracks_table_checkboxes, options, workbook,
+                                            {out_, *display_, &desktop, &services});
                outcome.losses += looked_at.losses();
            }});
 }
@@ -114,8 +118,13 @@ void session_runner::analyze_entry(std::size_t menu_position, run_outcome& outco
     outcome_alerts alert(outcome);
     outcome_menu menu(outcome, [] {});
     try {
-        get_info_from_sequence_or_bins(session_, session_.menu.at(menu_position).uuid,
-                                       {out_, *display_, alert, menu});
+        const session_services services{out_, *display_, alert, menu};
+        const catalogue_entry& entry = session_.menu.at(menu_position);
+        media_catalogues catalogues;
+        if (entry.unidentified)
+            get_info_from_entry(session_, menu_position, catalogues, services);
+        else
+            get_info_from_sequence_or_bins(session_, entry.uuid, services);
     } catch (...) { // half a list of ticks would count as the user's the next time
         session_.video_tracks_table_checkboxes = video_ticks;
         session_.audio_tracks_table_checkboxes = audio_ticks;

@@ -79,7 +79,8 @@ public:
     /// The progress of the run; null when nothing runs.
     const run_progress* display() const { return display_.get(); }
 
-    void open(const std::filesystem::path& document, report_scope import_video_audio_preference);
+    void open(const std::filesystem::path& document, report_scope import_video_audio_preference,
+              unidentified_sequences without_uuid = unidentified_sequences::left_out);
     void analyze(const report_subject& subject);
     void save(const std::filesystem::path& workbook, const report_options& options,
               const media_choice& media);

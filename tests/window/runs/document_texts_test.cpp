@@ -93,10 +93,9 @@ TEST(message, says_how_to_export_what_holds_nothing)
 {
     EXPECT_EQ(
         message_after("<other/>"),
-        "There is nothing to report in this file | It holds no sequence with an identifier and no clips in "
-        "bins. Export the sequence again: in Final Cut Pro 7 with File > Export > XML, version 5; in "
-        "Premiere "
-        "Pro with File > Export > Final Cut Pro XML. | open");
+        "There is nothing to report in this file | It holds no sequence and no clips in bins. Export the "
+        "sequence again: in Final Cut Pro 7 with File > Export > XML, version 5; in Premiere Pro with File > "
+        "Export > Final Cut Pro XML. | open");
 }
 
 } // namespace tallyframe::window
