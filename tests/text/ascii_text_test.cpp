@@ -22,10 +22,30 @@ TEST(to_ascii, takes_accents_off_letters)
     EXPECT_EQ(to_ascii("Việt"), "Viet"); // two marks on one letter
 }
 
-TEST(to_ascii, drops_what_has_no_ascii_base)
+TEST(to_ascii, writes_other_letters_in_latin_ones)
 {
-    EXPECT_EQ(to_ascii("Øre 東京 ✓ A\U0001F3AC1"), "re   A1");
-    EXPECT_EQ(to_ascii("東京"), "");
+    EXPECT_EQ(to_ascii("Kjøkken"), "Kjokken");
+    EXPECT_EQ(to_ascii("Łódź"), "Lodz");
+    EXPECT_EQ(to_ascii("Straße"), "Strasse");
+    EXPECT_EQ(to_ascii("Москва 7"), "Moskva 7");
+    EXPECT_EQ(to_ascii("東京"), "dong jing");
+    EXPECT_EQ(to_ascii("“Reel” – 7…"), "\"Reel\" - 7...");
+}
+
+TEST(to_ascii, drops_signs_beside_what_can_be_written)
+{
+    EXPECT_EQ(to_ascii("A\U0001F3AC1"), "A1");
+}
+
+TEST(to_ascii, tells_texts_of_signs_alone_apart)
+{
+    EXPECT_EQ(to_ascii("\U0001F3AC"), "U+1F3AC");
+    EXPECT_EQ(to_ascii("\U0001F3AC \U0001F9E8"), "U+1F3AC U+1F9E8");
+}
+
+TEST(to_ascii, only_takes_accents_off_texts_beyond_any_name)
+{
+    EXPECT_EQ(to_ascii("ßé" + std::string(300, 'x')), "e" + std::string(300, 'x'));
 }
 
 TEST(to_ascii, survives_bytes_that_are_not_utf_8)
