@@ -87,18 +87,22 @@ std::string_view first_plain_text(std::string_view bytes)
     return {};
 }
 
-/// The bytes from the first "{" on. When the length in front is right the header is left out first: one of
-/// its bytes may be a "{".
-std::string_view without_header(std::string_view bytes)
+/// What stands behind a header that tells its length; nothing where the first bytes are none.
+std::optional<std::string_view> behind_header(std::string_view bytes)
 {
     constexpr std::size_t header_size = 8;
-    if (bytes.size() >= header_size) {
-        std::uint64_t length = 0;
-        for (std::size_t i = header_size; i > 0; --i)
-            length = length << 8 | static_cast<unsigned char>(bytes[i - 1]);
-        if (length == bytes.size() - header_size)
-            bytes.remove_prefix(header_size);
-    }
+    if (bytes.size() < header_size)
+        return std::nullopt;
+    std::uint64_t length = 0;
+    for (std::size_t i = header_size; i > 0; --i)
+        length = length << 8 | static_cast<unsigned char>(bytes[i - 1]);
+    return length == bytes.size() - header_size ? std::optional(bytes.substr(header_size)) : std::nullopt;
+}
+
+/// The bytes from the first "{" on, of those behind a header: one of its bytes may be a "{".
+std::string_view without_header(std::string_view bytes)
+{
+    bytes = behind_header(bytes).value_or(bytes);
     const std::size_t brace = bytes.find('{');
     return brace == std::string_view::npos ? bytes : bytes.substr(brace);
 }
@@ -121,6 +125,9 @@ class title_listener final : public nlohmann::json_sax<json> {
 public:
     const std::optional<std::string>& text() const { return text_; }
     const std::string& font() const { return font_; }
+
+    /// Whether the document is one of a title at all.
+    bool is_title() const { return is_title_; }
 
     bool null() override { return meet(nullptr); }
     bool boolean(bool) override { return meet(nullptr); }
@@ -184,6 +191,7 @@ private:
     bool enter(bool is_array)
     {
         meet(nullptr);
+        is_title_ = is_title_ || (depth_ == 1 && leads_to(text_path));
         if (++depth_ <= levels_.size())
             levels_[depth_ - 1] = {is_array, {}, 0};
         return true;
@@ -199,10 +207,12 @@ private:
     std::size_t depth_ = 0;
     std::optional<std::string> text_;
     std::string font_;
+    bool is_title_ = false;
 };
 
 /// What the document says of the title, if it can be parsed.
-std::optional<title_listener> heard_from(const std::u16string& document)
+template <class Text>
+std::optional<title_listener> heard_from(const Text& document)
 {
     title_listener title;
     if (!json::sax_parse(document.begin(), document.end(), &title))
@@ -217,6 +227,18 @@ std::optional<title_listener> title_of(std::u16string document)
         document.pop_back();
     std::optional<title_listener> title = heard_from(document);
     return title ? title : heard_from(document + u'}');
+}
+
+/// The title of a document behind a right header, in UTF-16LE or UTF-8; nothing where there is none.
+std::optional<title_listener> title_behind_header(std::string_view bytes)
+{
+    const std::optional<std::string_view> document = behind_header(bytes);
+    if (!document || document->find('{') == std::string_view::npos)
+        return std::nullopt;
+    std::optional<title_listener> title = title_of(from_utf16le(*document));
+    if (!title || !title->is_title())
+        title = heard_from(*document);
+    return title && title->is_title() ? title : std::nullopt;
 }
 
 void add_lines(std::string_view text, std::vector<std::string>& lines)
@@ -236,11 +258,14 @@ void read_source_text(std::string_view base64, title_text& title)
     if (!title.font.empty())
         return;
     const std::string bytes = base64_decoded(base64);
-    title.font = first_plain_text(bytes);
-    if (!title.font.empty())
-        return;
-
-    const std::optional<title_listener> heard = title_of(from_utf16le(without_header(bytes)));
+    // Before the plain name of a font is looked for: four bytes of Japanese or Chinese can look like one.
+    std::optional<title_listener> heard = title_behind_header(bytes);
+    if (!heard) {
+        title.font = first_plain_text(bytes);
+        if (!title.font.empty())
+            return;
+        heard = title_of(from_utf16le(without_header(bytes)));
+    }
     if (!heard)
         return;
     title.font = heard->font();

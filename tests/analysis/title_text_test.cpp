@@ -56,6 +56,39 @@ title_text title_of(std::string_view bytes)
     return title;
 }
 
+std::u16string with_text(std::u16string_view text)
+{
+    return uR"({"mTextParam":{"mStyleSheet":{"mFontName":{"mParamValues":[[0,"Menlo-Regular"]]},"mText":")"
+        + std::u16string(text) + uR"("}}})";
+}
+
+TEST(title_text, reads_japanese_and_chinese)
+{
+    const std::pair<std::u16string_view, const char*> phrases[] = {
+        {u"です", "です"},
+        {u"漢字", "漢字"},
+        {u"夜の市場へようこそ", "夜の市場へようこそ"},
+        {u"第三集", "第三集"},
+        {u"今天晚上的夜市", "今天晚上的夜市"}};
+    for (const auto& [text, utf8] : phrases) {
+        const title_text title = title_of(with_length(utf16(with_text(text))));
+        EXPECT_EQ(title.font, "Menlo-Regular");
+        EXPECT_THAT(title.texts, ElementsAre(utf8));
+    }
+}
+
+TEST(title_text, reads_text_and_font_from_utf8_behind_a_right_length)
+{
+    EXPECT_EQ(title_of(with_length(title_json)),
+              (title_text{"Menlo-Regular", {"First line", "Second line"}}));
+}
+
+TEST(title_text, takes_no_other_document_for_a_title)
+{
+    const std::string other = R"({"mOther":{"mStyleSheet":{"mText":"x"}}})";
+    EXPECT_EQ(title_of(with_length(other)).font, other) << "the first plain text";
+}
+
 TEST(title_text, reads_text_and_font_from_utf16)
 {
     const title_text title = title_of(with_length(utf16(title_json)));
@@ -63,10 +96,9 @@ TEST(title_text, reads_text_and_font_from_utf16)
     EXPECT_THAT(title.texts, ElementsAre("First line", "Second line"));
 }
 
-TEST(title_text, takes_a_document_of_single_bytes_for_the_name_of_a_font_on_purpose)
+TEST(title_text, takes_a_document_of_single_bytes_without_its_length_for_the_name_of_a_font_on_purpose)
 {
-    for (const std::string& bytes :
-         {std::string(title_json), with_length(title_json), "\x01\x02" + std::string(title_json)})
+    for (const std::string& bytes : {std::string(title_json), "\x01\x02" + std::string(title_json)})
         EXPECT_EQ(title_of(bytes), (title_text{std::string(title_json), {}}));
 }
 
