@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
-// Any bytes as a document: loaded, mended, listed; or refused with a load_error.
+// Any bytes as a document: loaded, mended, listed; or refused with a load_error. What was loaded is what the
+// XML library's own tree of those bytes has.
 #include "document/character_repair.h"
 #include "document/parse_xml.h"
 #include "document/sequence_catalogue.h"
 #include "fuzz/promise.h"
 #include "run/failures.h"
 #include "run/gui_mode.h"
+#include "support/library_tree.h"
 #include "text/utf8.h"
 
 #include <cstdint>
@@ -37,6 +39,14 @@ void load(const std::string& text)
     promise(entries >= parsed.index.sequence_uuids.size(), "every sequence with a uuid is in the menu");
 }
 
+void compare(const std::string& text)
+{
+    for (const blank_texts blanks : {blank_texts::dropped, blank_texts::kept}) {
+        const std::string difference = testing_support::difference_from_library_tree(text, blanks);
+        promise(difference.empty(), ("the library's tree says the same, but: " + difference).c_str());
+    }
+}
+
 } // namespace
 
 } // namespace tallyframe::fuzz
@@ -47,6 +57,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     gui_mode = false;
     const std::string text(reinterpret_cast<const char*>(data), size);
     fuzz::mend(text);
+    fuzz::compare(text);
     try {
         fuzz::load(text);
     } catch (const load_error&) { // a refusal is a good answer; anything else that is thrown is a finding

@@ -95,7 +95,6 @@ int list_menu(const list_request& request, std::ostream& out, std::ostream& err)
     tell_left_out(state.session, request.document, err);
     tell_losses(state.session.document->losses, err);
     print(out, request.json ? menu_as_json(menu) : menu_as_table(menu));
-    state.session.document->document.leave_to_process_end();
     return done;
 }
 
@@ -222,7 +221,6 @@ int report(const report_request& request, std::ostream& out, std::ostream& err)
     }
     const exit_code code = write_reports(state, request, planned_reports(request, menu), err);
     tell_left_out(state.session, request.document, err);
-    state.session.document->document.leave_to_process_end();
     return code;
 }
 

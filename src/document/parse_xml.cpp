@@ -86,20 +86,10 @@ mended_document parse_repaired(const xml_input& input, const damaged_lines& dama
     mended.document = parse_tolerantly(lines_joined(text, display), blank_texts::kept,
                                        [&](const xml_error&) { has_errors = true; });
     if (has_errors) {
-        mended.document.free_before_going_on(display); // its memory first, then that of the next one
+        mended.document = {}; // its memory first, then that of the next one
         parse_for_the_last_time(text, mended, out, display);
     }
     return mended;
-}
-
-document_index index_of(xml_document& document, progress& display)
-{
-    try {
-        return {document, display};
-    } catch (const run_cancelled&) {
-        document.give_up();
-        throw;
-    }
 }
 
 /// Prints what is wrong with a document that no repair makes XML.
@@ -145,19 +135,19 @@ parsed_xml parse_xml(const xml_input& input, diagnostics& out, progress& display
             if (auto beginning = beginning_without_tag(input, display))
                 refuse_what_is_no_xml(std::move(*beginning), out, display);
         }
-        document.free_before_going_on(display);
+        document = {};
         mended_document mended = parse_repaired(input, first.lines, out, display);
         document = std::move(mended.document);
         losses = losses_of(mended, first);
     }
     if (!document.root())
         throw load_error(load_fault::not_xmeml);
-    if (!document.entities_stay_within(expanded_text_limit))
+    if (document.entities_are_too_long())
         throw load_error(
             "The document defines entities that stand for more than 10 million characters. Please "
             "export it again.");
 
-    document_index index = index_of(document, display);
+    document_index index(document, display);
     std::string first_node_name = document.first_node_name();
     const bool no_updatebehavior = !index.has_updatebehavior;
     return {std::move(document), std::move(first_node_name), no_updatebehavior, std::move(index),

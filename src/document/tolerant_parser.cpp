@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "document/tolerant_parser.h"
 
+#include "document/document_builder.h"
 #include "run/failures.h"
 
 #include <libxml/SAX2.h>
@@ -11,6 +12,7 @@
 #include <memory>
 #include <new>
 #include <string_view>
+#include <utility>
 
 namespace tallyframe {
 
@@ -36,6 +38,7 @@ struct parse_in_progress {
     const byte_source& source;
     const xml_error_handler& handle_error;
     xmlParserCtxtPtr parser = nullptr;
+    document_builder* builder = nullptr;
     std::exception_ptr failure = nullptr;
     std::size_t document_type_size = 0;
     std::size_t parameter_entities_size = 0;
@@ -160,6 +163,30 @@ void check_what_was_read(parse_in_progress& parse)
     check_namespaces(parse, *parse.parser);
 }
 
+/// Hands what the parser has found to the builder, or to the library: what stands outside of the root, or in
+/// an entity, which has a parser of its own.
+template <class ToBuilder, class ToLibrary>
+void hand_over(void* parser, bool is_in_document, const ToBuilder& to_builder, const ToLibrary& to_library)
+{
+    parse_in_progress& parse = parse_of(parser);
+    if (parser != parse.parser || !is_in_document) {
+        to_library();
+        return;
+    }
+    if (parse.failure != nullptr)
+        return;
+    try {
+        to_builder(*parse.builder);
+    } catch (...) {
+        parse.failure = std::current_exception();
+    }
+}
+
+bool is_in_element(void* parser)
+{
+    return static_cast<xmlParserCtxtPtr>(parser)->node != nullptr;
+}
+
 void start_element(void* parser, const xmlChar* name, const xmlChar* prefix, const xmlChar* uri,
                    int namespace_count, const xmlChar** namespaces, int attribute_count, int defaulted_count,
                    const xmlChar** attributes)
@@ -168,8 +195,74 @@ void start_element(void* parser, const xmlChar* name, const xmlChar* prefix, con
     if (namespace_count + attribute_count > most_attributes)
         refuse_attributes(parse);
     check_namespaces(parse, *static_cast<xmlParserCtxtPtr>(parser));
-    xmlSAX2StartElementNs(parser, name, prefix, uri, namespace_count, namespaces, attribute_count,
-                          defaulted_count, attributes);
+    hand_over(
+        parser, true,
+        [&](document_builder& builder) {
+            builder.start_element({name, prefix, uri, namespace_count, namespaces,
+                                   attribute_count - defaulted_count, attributes});
+        },
+        [&] {
+            xmlSAX2StartElementNs(parser, name, prefix, uri, namespace_count, namespaces, attribute_count,
+                                  defaulted_count, attributes);
+        });
+}
+
+void end_element(void* parser, const xmlChar* name, const xmlChar* prefix, const xmlChar* uri)
+{
+    hand_over(
+        parser, true, [](document_builder& builder) { builder.end_element(); },
+        [&] { xmlSAX2EndElementNs(parser, name, prefix, uri); });
+}
+
+void take_text(void* parser, const xmlChar* text, int size)
+{
+    hand_over(
+        parser, is_in_element(parser), [&](document_builder& builder) { builder.add_text(text, size); },
+        [&] { xmlSAX2Characters(parser, text, size); });
+}
+
+void take_character_data(void* parser, const xmlChar* text, int size)
+{
+    hand_over(
+        parser, is_in_element(parser),
+        [&](document_builder& builder) { builder.add_character_data(text, size); },
+        [&] { xmlSAX2CDataBlock(parser, text, size); });
+}
+
+void take_comment(void* parser, const xmlChar* text)
+{
+    hand_over(
+        parser, is_in_element(parser), [&](document_builder& builder) { builder.add_comment(text); },
+        [&] { xmlSAX2Comment(parser, text); });
+}
+
+void take_instruction(void* parser, const xmlChar* target, const xmlChar* data)
+{
+    hand_over(
+        parser, is_in_element(parser),
+        [&](document_builder& builder) { builder.add_instruction(target, data); },
+        [&] { xmlSAX2ProcessingInstruction(parser, target, data); });
+}
+
+void take_reference(void* parser, const xmlChar* entity)
+{
+    hand_over(
+        parser, is_in_element(parser), [&](document_builder& builder) { builder.add_reference(entity); },
+        [&] { xmlSAX2Reference(parser, entity); });
+}
+
+void set_handlers(xmlSAXHandler& handlers)
+{
+    handlers.startElementNs = start_element;
+    handlers.endElementNs = end_element;
+    handlers.characters = take_text;
+    handlers.ignorableWhitespace = take_text; // the same one: then the parser keeps all blanks
+    handlers.cdataBlock = take_character_data;
+    handlers.comment = take_comment;
+    handlers.processingInstruction = take_instruction;
+    handlers.reference = take_reference;
+    handlers.attributeDecl = take_attribute;
+    handlers.getParameterEntity = find_parameter_entity;
 }
 
 int read_bytes(void* context, char* buffer, int size)
@@ -218,25 +311,22 @@ xml_document parse_tolerantly(const byte_source& source, blank_texts blanks,
                                                                                &xmlFreeParserCtxt);
     if (context == nullptr)
         throw std::bad_alloc();
+    document_builder builder(*context);
     parse.parser = context.get();
+    parse.builder = &builder;
     context->_private = &parse;
-    context->sax->startElementNs = start_element;
-    context->sax->attributeDecl = take_attribute;
-    context->sax->getParameterEntity = find_parameter_entity;
+    set_handlers(*context->sax);
 
     int options = XML_PARSE_RECOVER | XML_PARSE_NONET | XML_PARSE_COMPACT;
     if (blanks == blank_texts::dropped)
         options |= XML_PARSE_NOBLANKS;
-    xml_document document(
+    std::unique_ptr<xmlDoc, free_library_document> library_document(
         xmlCtxtReadIO(context.get(), read_bytes, nullptr, &parse, nullptr, nullptr, options));
-    try {
-        if (parse.failure != nullptr)
-            std::rethrow_exception(parse.failure);
-    } catch (const run_cancelled&) {
-        document.give_up();
-        throw;
-    }
-    return document;
+    if (parse.failure != nullptr)
+        std::rethrow_exception(parse.failure);
+    if (library_document == nullptr)
+        return {};
+    return xml_document(builder.take_document(std::move(library_document)));
 }
 
 } // namespace tallyframe

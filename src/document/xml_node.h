@@ -1,26 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "run/progress.h"
-
 #include <cstddef>
+#include <cstdint>
 #include <functional>
-#include <future>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-struct _xmlDoc; // NOLINT(bugprone-reserved-identifier): the XML library's own names
-struct _xmlNode; // NOLINT(bugprone-reserved-identifier)
-
 namespace tallyframe {
 
-/// How much text, in bytes, the entities that a document defines may bring into one value; the rest is cut.
-/// No exporter writes entities of its own: whoever does is after the memory of the reader.
-inline constexpr std::size_t expanded_text_limit = 10'000'000;
-
+struct compact_document;
 class child_elements;
 
 /// An element of a loaded document, or none. A light handle: the document owns the element and must live as
@@ -30,11 +22,12 @@ class child_elements;
 class xml_node {
 public:
     xml_node() = default;
-    explicit xml_node(_xmlNode* node) : node_(node) { }
+    xml_node(const compact_document& document, std::uint32_t number) : document_(&document), number_(number)
+    {
+    }
 
-    explicit operator bool() const { return node_ != nullptr; }
+    explicit operator bool() const { return document_ != nullptr; }
     bool operator==(const xml_node&) const = default;
-    _xmlNode* get() const { return node_; }
 
     std::string_view name() const;
 
@@ -86,8 +79,21 @@ public:
     /// The element as markup, as it would stand in the document.
     std::string markup() const;
 
+    friend bool stands_before(xml_node first, xml_node second);
+    friend xml_node next_in_document(xml_node node, xml_node root);
+
 private:
-    _xmlNode* node_ = nullptr;
+    friend struct std::hash<xml_node>;
+
+    /// The first element from `number` on and before `end`, or none.
+    xml_node element_from(std::uint32_t number, std::uint32_t end) const;
+
+    /// Behind the last record that may be inside of this element or around.
+    std::uint32_t end() const;
+    std::uint32_t end_of_siblings() const;
+
+    const compact_document* document_ = nullptr;
+    std::uint32_t number_ = 0; ///< of its record
 };
 
 /// The elements directly inside another, in document order.
@@ -143,11 +149,13 @@ xml_node next_in_document(xml_node node, xml_node root);
 /// A parsed document; owns all its nodes.
 class xml_document {
 public:
-    xml_document() = default;
-    explicit xml_document(_xmlDoc* document) : document_(document) { }
+    xml_document();
+    explicit xml_document(compact_document document);
+    xml_document(xml_document&&) noexcept;
+    xml_document& operator=(xml_document&&) noexcept;
+    ~xml_document();
 
     explicit operator bool() const { return document_ != nullptr; }
-    _xmlDoc* get() const { return document_.get(); }
 
     xml_node root() const;
 
@@ -155,28 +163,11 @@ public:
     /// otherwise of what stands first (a comment's is "comment").
     std::string first_node_name() const;
 
-    /// Whether all references to entities together stand for `limit` bytes of text at most.
-    bool entities_stay_within(std::size_t limit) const;
-
-    /// What a run that was stopped does with its document. Nobody waits until millions of nodes are free: a
-    /// thread frees them, or, for a command line, the end of the process.
-    void give_up();
-
-    /// Frees the nodes and waits for it as long as the run is wanted. Throws run_cancelled when it no longer
-    /// is.
-    void free_before_going_on(progress& display);
-
-    /// Gives the memory up to the end of the process: a program that is about to leave saves the walk over
-    /// millions of nodes.
-    void leave_to_process_end();
+    /// Whether all references to entities together stand for more text than is read (expanded_text_limit).
+    bool entities_are_too_long() const;
 
 private:
-    struct free_document {
-        void operator()(_xmlDoc* document) const;
-    };
-    std::future<void> start_freeing();
-
-    std::unique_ptr<_xmlDoc, free_document> document_;
+    std::unique_ptr<const compact_document> document_;
 };
 
 } // namespace tallyframe
@@ -186,6 +177,6 @@ template <>
 struct std::hash<tallyframe::xml_node> {
     std::size_t operator()(tallyframe::xml_node node) const
     {
-        return std::hash<const _xmlNode*>{}(node.get());
+        return std::hash<std::uint32_t>{}(node.number_);
     }
 };

@@ -15,12 +15,8 @@ namespace {
 
 void load(report_session& session, const xml_input& input, const session_services& services)
 {
-    if (session.document) { // two large documents need not fit into memory at once
-        xml_document previous = std::move(session.document->document);
-        session.document.reset();
-        session.additions = {};
-        previous.free_before_going_on(services.display);
-    }
+    session.document.reset(); // two large documents need not fit into memory at once
+    session.additions = {};
     session.document = parse_xml(input, services.out, services.display);
     session.menu = sequence_catalogue(session.document->index, session.without_uuid);
     services.menu.set_enabled(!session.menu.empty());

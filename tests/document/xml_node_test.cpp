@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "document/xml_node.h"
-#include "run/gui_mode.h"
-#include "support/counting_progress.h"
 #include "support/parsed_text.h"
 
 #include <gmock/gmock.h>
@@ -206,39 +204,6 @@ TEST(first_node_name, is_that_of_the_document_type_or_of_what_stands_first)
     EXPECT_EQ(parsed_text("<!-- made by hand --><xmeml/>").document.first_node_name(), "comment");
     EXPECT_EQ(xml_document().first_node_name(), "");
     EXPECT_FALSE(xml_document().root());
-}
-
-TEST(a_document, is_gone_when_it_was_given_up_or_freed)
-{
-    no_progress display;
-    for (const std::optional<bool> mode : {std::optional<bool>(), std::optional(false)}) {
-        gui_mode = mode;
-        xml_document given_up = parsed_text("<a/>").document;
-        given_up.give_up();
-        EXPECT_FALSE(given_up);
-        given_up.give_up();
-        xml_document freed = parsed_text("<a/>").document;
-        freed.free_before_going_on(display);
-        EXPECT_FALSE(freed);
-        freed.free_before_going_on(display);
-    }
-    gui_mode = std::nullopt;
-}
-
-TEST(a_document, is_not_waited_for_when_the_run_is_no_longer_wanted)
-{
-    std::string text = "<a>";
-    for (int i = 0; i < 200'000; ++i)
-        text += "<b/>";
-    xml_document document = parsed_text(text + "</a>").document;
-    testing_support::counting_progress display;
-    display.stop_at_look = 1;
-    try { // a machine that frees it at once does not look
-        document.free_before_going_on(display);
-    } catch (const run_cancelled&) {
-        EXPECT_EQ(display.looks, 1);
-    }
-    EXPECT_FALSE(document);
 }
 
 } // namespace
