@@ -68,6 +68,7 @@ struct compact_document {
     growing_block<char> text;
     growing_block<char> values; ///< of attributes, comments, instructions, namespaces
     std::vector<node_name> names; ///< by their numbers
+    std::vector<std::string_view> plain_names; ///< the same, "" for those of a namespace
 
     std::string first_node_name; ///< of what stands first in the document, the document type included
     bool entities_are_too_long = false;

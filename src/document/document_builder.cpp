@@ -7,7 +7,7 @@
 #include <libxml/SAX2.h>
 #include <libxml/parserInternals.h>
 
-#include <cstring>
+#include <bit>
 #include <string>
 #include <utility>
 
@@ -246,6 +246,8 @@ document_builder::take_document(std::unique_ptr<xmlDoc, free_library_document> l
     if (document_.node_count() == 0 && library_document->children != nullptr)
         document_.first_node_name = view_of(library_document->children->name);
     document_.library_document = std::move(library_document);
+    for (const node_name& name : document_.names)
+        document_.plain_names.push_back(name.has_namespace ? std::string_view() : name.name);
     if (has_references_)
         expand_entities();
     document_.nodes.shrink_to_fit();
@@ -286,10 +288,15 @@ void document_builder::expand_entities()
 
 std::uint32_t document_builder::number_of(const xmlChar* name)
 {
-    const auto [known, is_new] = plain_names_.try_emplace(name, 0);
-    if (is_new)
-        known->second = add_name({.name = std::string(view_of(name)), .prefix = "", .has_namespace = false});
-    return known->second;
+    known_name& last = last_names_.at(std::bit_cast<std::uintptr_t>(name) % last_names_.size());
+    if (last.name != name || name == nullptr) {
+        const auto [known, is_new] = plain_names_.try_emplace(name, 0);
+        if (is_new)
+            known->second =
+                add_name({.name = std::string(view_of(name)), .prefix = "", .has_namespace = false});
+        last = {name, known->second};
+    }
+    return last.number;
 }
 
 std::uint32_t document_builder::number_of(const xmlChar* name, const xmlChar* prefix, const xmlChar* uri)

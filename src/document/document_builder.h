@@ -70,7 +70,13 @@ private:
     compact_document document_;
     bool has_references_ = false;
 
-    std::unordered_map<const xmlChar*, std::uint32_t> plain_names_; // the parser has each name once
+    // The parser has each name once: it is known by its place, and mostly found at once.
+    struct known_name {
+        const xmlChar* name = nullptr;
+        std::uint32_t number = 0;
+    };
+    std::array<known_name, 512> last_names_;
+    std::unordered_map<const xmlChar*, std::uint32_t> plain_names_;
     std::map<std::tuple<const xmlChar*, const xmlChar*>, std::uint32_t> namespace_names_;
 
     // What the open elements show to the parser.

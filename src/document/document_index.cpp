@@ -35,51 +35,64 @@ bool is_inside(xml_node node, xml_node outer)
 
 document_index::document_index(const xml_document& document, progress& display)
 {
-    constexpr std::size_t elements_between_looks = 1000; // at whether the run is still wanted
-    const xml_node root = document.root();
-    std::size_t count = 0;
-    for (xml_node element = root; element; element = next_in_document(element, root)) {
-        if (count++ % elements_between_looks == 0)
+    constexpr std::uint32_t nodes_between_looks = 1000; // at whether the run is still wanted
+    const compact_document& content = document.content();
+    const std::vector<concern> concerns = concerns_of(content.plain_names);
+    for (std::uint32_t node = 0; node < content.node_count(); ++node) {
+        if (node % nodes_between_looks == 0)
             display.leave_if_cancelled();
-        take_in(element);
+        const node_record& record = content.nodes[node];
+        if (record.kind == node_kind::element && concerns[record.name] != concern::nothing)
+            take_in({content, node}, concerns[record.name]);
     }
 }
 
-void document_index::take_in(xml_node element)
+std::vector<document_index::concern>
+document_index::concerns_of(const std::vector<std::string_view>& plain_names)
 {
-    switch (element.name().front()) { // most elements leave here
-    case 'c':
-        if (element.has_name("clip"))
-            has_bin_clips = has_bin_clips || element.parent().has_name("children");
-        else
-            take_in_group(element);
+    static const std::unordered_map<std::string_view, concern> by_name = {
+        {"clip", concern::clip},         {"file", concern::file}, {"media", concern::media},
+        {"sequence", concern::sequence}, {"uuid", concern::uuid}, {"updatebehavior", concern::updatebehavior},
+    };
+    std::vector<concern> concerns;
+    concerns.reserve(plain_names.size());
+    for (const std::string_view name : plain_names) {
+        const auto known = by_name.find(name);
+        concerns.push_back(known != by_name.end()                                ? known->second
+                               : std::ranges::count(inherited_groups, name) != 0 ? concern::group
+                                                                                 : concern::nothing);
+    }
+    return concerns;
+}
+
+void document_index::take_in(xml_node element, concern its_concern)
+{
+    switch (its_concern) {
+    case concern::clip:
+        has_bin_clips = has_bin_clips || element.parent().has_name("children");
         break;
-    case 'f':
-        if (element.has_name("file"))
-            take_in_file(element);
-        else
-            take_in_group(element);
+    case concern::file:
+        take_in_file(element);
         break;
-    case 'l':
+    case concern::group:
         take_in_group(element);
         break;
-    case 'm':
-        if (element.has_name("media") && element.parent().has_name("clip")
-            && element.parent().parent().has_name("children"))
+    case concern::media:
+        if (element.parent().has_name("clip") && element.parent().parent().has_name("children"))
             bin_clip_media.push_back(element);
         break;
-    case 's':
-        // One without elements only repeats the id of another.
-        if (element.has_name("sequence") && !element.child("uuid") && element.first_element())
+    case concern::sequence: // one without elements only repeats the id of another
+        if (!element.child("uuid") && element.first_element())
             unidentified_sequences.push_back(element);
         break;
-    case 'u':
-        if (element.has_name("uuid") && element.parent().has_name("sequence"))
+    case concern::uuid:
+        if (element.parent().has_name("sequence"))
             take_in_uuid(element);
-        else if (element.has_name("updatebehavior"))
-            has_updatebehavior = true;
         break;
-    default:
+    case concern::updatebehavior:
+        has_updatebehavior = true;
+        break;
+    case concern::nothing:
         break;
     }
 }
@@ -98,10 +111,9 @@ void document_index::take_in_uuid(xml_node uuid)
 
 void document_index::take_in_group(xml_node group)
 {
-    const auto* const name = std::ranges::find_if(
-        inherited_groups, [&](std::string_view candidate) { return group.has_name(candidate); });
-    if (name == inherited_groups.end() || !group.parent().has_name("clip"))
+    if (!group.parent().has_name("clip"))
         return;
+    const auto* const name = std::ranges::find(inherited_groups, group.name());
     if (auto id = id_of(group.parent()))
         master_clip_groups_[static_cast<std::size_t>(name - inherited_groups.begin())].try_emplace(
             std::move(*id), group);

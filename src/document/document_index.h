@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -52,7 +53,11 @@ public:
 private:
     using first_by_id = std::unordered_map<std::string, xml_node>;
 
-    void take_in(xml_node element);
+    /// What an element of a name may answer.
+    enum class concern : std::uint8_t { nothing, clip, file, group, media, sequence, uuid, updatebehavior };
+    static std::vector<concern> concerns_of(const std::vector<std::string_view>& plain_names);
+
+    void take_in(xml_node element, concern its_concern);
     void take_in_uuid(xml_node uuid);
     void take_in_group(xml_node group);
     void take_in_file(xml_node file);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "document/xml_node.h"
 
-#include "document/compact_document.h"
 #include "document/markup.h"
 
 #include <utility>
@@ -34,14 +33,6 @@ std::string_view xml_node::name() const
     return document_ == nullptr ? std::string_view() : document_->names[document_->nodes[number_].name].name;
 }
 
-bool xml_node::has_name(std::string_view expected) const
-{
-    if (document_ == nullptr || expected.empty())
-        return false;
-    const node_name& own = document_->names[document_->nodes[number_].name];
-    return own.name == expected && !own.has_namespace;
-}
-
 std::string xml_node::text() const
 {
     return document_ == nullptr ? std::string() : std::string(document_->text_inside(number_));
@@ -59,21 +50,13 @@ std::optional<std::string> xml_node::attribute(std::string_view attribute_name) 
     for (std::uint32_t number = number_ + 1;; ++number) {
         const node_record& record = document_->nodes[number];
         if (record.kind == node_kind::attribute) {
-            const node_name& name = document_->names[record.name];
-            if (!name.has_namespace && name.name == attribute_name)
+            if (!attribute_name.empty() && document_->plain_names[record.name] == attribute_name)
                 return std::string(document_->value_of(record));
         } else if (record.kind != node_kind::written_attribute
                    && record.kind != node_kind::namespace_declaration) {
             return std::nullopt;
         }
     }
-}
-
-xml_node xml_node::parent() const
-{
-    if (document_ == nullptr || document_->nodes[number_].parent_or_value == no_node)
-        return {};
-    return {*document_, document_->nodes[number_].parent_or_value};
 }
 
 xml_node xml_node::previous_element() const
@@ -89,36 +72,6 @@ xml_node xml_node::previous_element() const
     while (document_->nodes[before].parent_or_value != parent) // it may be the last one inside of the sibling
         before = document_->nodes[before].parent_or_value;
     return {*document_, before};
-}
-
-std::uint32_t xml_node::end() const
-{
-    return document_->nodes[number_].end_or_size;
-}
-
-std::uint32_t xml_node::end_of_siblings() const
-{
-    const std::uint32_t parent = document_->nodes[number_].parent_or_value;
-    return parent == no_node ? document_->node_count() : document_->nodes[parent].end_or_size;
-}
-
-xml_node xml_node::element_from(std::uint32_t number, std::uint32_t end) const
-{
-    for (; number < end; ++number) {
-        if (document_->nodes[number].kind == node_kind::element)
-            return {*document_, number};
-    }
-    return {};
-}
-
-xml_node xml_node::next_element() const
-{
-    return document_ == nullptr ? xml_node() : element_from(end(), end_of_siblings());
-}
-
-xml_node xml_node::first_element() const
-{
-    return document_ == nullptr ? xml_node() : element_from(number_ + 1, end());
 }
 
 bool xml_node::has_children() const

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "document/compact_document.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -12,7 +14,6 @@
 
 namespace tallyframe {
 
-struct compact_document;
 class child_elements;
 
 /// An element of a loaded document, or none. A light handle: the document owns the element and must live as
@@ -134,6 +135,51 @@ private:
     xml_node first_;
 };
 
+// Inline, for the walks over all elements.
+
+inline bool xml_node::has_name(std::string_view expected) const
+{
+    return document_ != nullptr && !expected.empty()
+        && document_->plain_names[document_->nodes[number_].name] == expected;
+}
+
+inline std::uint32_t xml_node::end() const
+{
+    return document_->nodes[number_].end_or_size;
+}
+
+inline std::uint32_t xml_node::end_of_siblings() const
+{
+    const std::uint32_t parent = document_->nodes[number_].parent_or_value;
+    return parent == no_node ? document_->node_count() : document_->nodes[parent].end_or_size;
+}
+
+inline xml_node xml_node::element_from(std::uint32_t number, std::uint32_t end) const
+{
+    for (; number < end; ++number) {
+        if (document_->nodes[number].kind == node_kind::element)
+            return {*document_, number};
+    }
+    return {};
+}
+
+inline xml_node xml_node::parent() const
+{
+    if (document_ == nullptr || document_->nodes[number_].parent_or_value == no_node)
+        return {};
+    return {*document_, document_->nodes[number_].parent_or_value};
+}
+
+inline xml_node xml_node::next_element() const
+{
+    return document_ == nullptr ? xml_node() : element_from(end(), end_of_siblings());
+}
+
+inline xml_node xml_node::first_element() const
+{
+    return document_ == nullptr ? xml_node() : element_from(number_ + 1, end());
+}
+
 inline child_elements xml_node::children() const
 {
     return child_elements(first_element());
@@ -158,6 +204,9 @@ public:
     explicit operator bool() const { return document_ != nullptr; }
 
     xml_node root() const;
+
+    /// What stands in a document that is one.
+    const compact_document& content() const { return *document_; }
 
     /// Name of the first node of the document: that of the document type declaration when there is one,
     /// otherwise of what stands first (a comment's is "comment").
