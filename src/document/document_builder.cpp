@@ -33,11 +33,16 @@ std::string_view view_of(const xmlChar* begin, const xmlChar* end)
     return {reinterpret_cast<const char*>(begin), static_cast<std::size_t>(end - begin)};
 }
 
-void refuse_when_too_long(std::size_t size)
+[[noreturn]] void refuse_for_length()
+{
+    throw load_error("The document holds more than 4 GB of text or 4 billion elements, which no export has. "
+                     "Please export a part of it.");
+}
+
+inline void refuse_when_too_long(std::size_t size)
 {
     if (size > most_bytes)
-        throw load_error("The document holds more than 4 GB of text or 4 billion elements, which no export "
-                         "has. Please export a part of it.");
+        refuse_for_length();
 }
 
 /// The entries of an attribute in the library's array.
@@ -69,44 +74,47 @@ document_builder::document_builder(xmlParserCtxt& parser) : parser_(parser)
     other_.type = XML_COMMENT_NODE;
 }
 
-void document_builder::start_element(start_tag tag)
+void document_builder::start_element(const start_tag& tag)
 {
-    close_elements(static_cast<std::size_t>(parser_.nodeNr));
-    const bool is_first = document_.nodes.empty();
-    xmlNode* const parent = parser_.node;
-    if (tag.prefix != nullptr && tag.uri == nullptr) // one that is not declared belongs to the name
-        tag.name = xmlDictQLookup(parser_.dict, std::exchange(tag.prefix, nullptr), tag.name);
+    close_elements();
+    // A prefix that is not declared belongs to the name.
+    const bool has_odd_name = tag.prefix != nullptr && tag.uri == nullptr;
+    const xmlChar* const name = has_odd_name ? xmlDictQLookup(parser_.dict, tag.prefix, tag.name) : tag.name;
+    if (document_.nodes.empty()) {
+        const xmlNode* before = parser_.myDoc == nullptr ? nullptr : parser_.myDoc->children;
+        document_.first_node_name = view_of(before == nullptr ? name : before->name);
+    }
 
+    xmlNode* const parent = parser_.node;
     xmlNode& shown = open_nodes_.at(open_elements_.size());
-    shown.name = tag.name;
+    shown.name = name;
     shown.children = nullptr;
     shown.last = nullptr;
     if (nodePush(&parser_, &shown) < 0)
         return;
     if (parent != nullptr)
         show_child(*parent, other_);
-    open_elements_.push_back(add(node_kind::element, number_of(tag.name, tag.prefix, tag.uri),
-                                 open_elements_.empty() ? no_node : open_elements_.back()));
-    if (is_first) {
-        const xmlNode* before = parser_.myDoc == nullptr ? nullptr : parser_.myDoc->children;
-        document_.first_node_name = view_of(before == nullptr ? tag.name : before->name);
-    }
+    const std::uint32_t number = tag.uri == nullptr ? number_of(name) : number_of(name, tag.prefix);
+    open_elements_.push_back(
+        add(node_kind::element, number, open_elements_.empty() ? no_node : open_elements_.back()));
     for (int i = 0; i < tag.namespace_count; ++i)
         add_valued(node_kind::namespace_declaration, number_of(tag.namespaces[2 * i]),
                    view_of(tag.namespaces[2 * i + 1]));
-    for (int i = 0; i < tag.attribute_count; ++i)
-        add_attribute(tag.attributes + static_cast<std::ptrdiff_t>(i) * entries_of_attribute);
-    register_identifier(tag);
+    for (int i = 0; i < tag.attribute_count; ++i) {
+        const xmlChar** attribute = tag.attributes + static_cast<std::ptrdiff_t>(i) * entries_of_attribute;
+        add_attribute(attribute);
+        if (is_identifier(attribute))
+            register_identifier(name, attribute);
+    }
 }
 
 void document_builder::add_attribute(const xmlChar** attribute)
 {
-    const xmlChar* name = attribute[local_name];
-    const xmlChar* prefix = attribute[name_prefix];
-    if (prefix != nullptr && attribute[namespace_uri] == nullptr)
-        name = xmlDictQLookup(parser_.dict, std::exchange(prefix, nullptr), name);
-    const std::uint32_t number =
-        number_of(name, prefix, prefix == nullptr ? nullptr : attribute[namespace_uri]);
+    const xmlChar* const prefix = attribute[name_prefix];
+    const std::uint32_t number = prefix == nullptr ? number_of(attribute[local_name])
+        : attribute[namespace_uri] == nullptr // not declared: it belongs to the name
+        ? number_of(xmlDictQLookup(parser_.dict, prefix, attribute[local_name]))
+        : number_of(attribute[local_name], prefix);
     const std::string_view value = view_of(attribute[value_begin], attribute[value_end]);
     add_valued(node_kind::attribute, number, value);
     // A value with references is a copy that ends in a zero; of another one the parser shows the place.
@@ -121,24 +129,19 @@ void document_builder::add_attribute(const xmlChar** attribute)
 
 /// An xml:id must be a name, and no other element may have it: the library, which tells of that, keeps those
 /// elements itself.
-void document_builder::register_identifier(const start_tag& tag)
+void document_builder::register_identifier(const xmlChar* element_name, const xmlChar** attribute)
 {
-    for (int i = 0; i < tag.attribute_count; ++i) {
-        const xmlChar** attribute = tag.attributes + static_cast<std::ptrdiff_t>(i) * entries_of_attribute;
-        if (!is_identifier(attribute))
-            continue;
-        xmlNode* const shown = nodePop(&parser_);
-        parser_.node = nullptr;
-        xmlSAX2StartElementNs(&parser_, tag.name, nullptr, nullptr, 0, nullptr, 1, 0, attribute);
-        nodePop(&parser_);
-        nodePush(&parser_, shown);
-    }
+    xmlNode* const shown = nodePop(&parser_);
+    parser_.node = nullptr;
+    xmlSAX2StartElementNs(&parser_, element_name, nullptr, nullptr, 0, nullptr, 1, 0, attribute);
+    nodePop(&parser_);
+    nodePush(&parser_, shown);
 }
 
 void document_builder::end_element()
 {
     nodePop(&parser_);
-    close_elements(static_cast<std::size_t>(parser_.nodeNr));
+    close_elements();
 }
 
 void document_builder::add_text(const xmlChar* text, int size)
@@ -153,7 +156,7 @@ void document_builder::add_character_data(const xmlChar* text, int size)
 
 void document_builder::add_characters(node_kind kind, xmlNode& shown, const xmlChar* text, int size)
 {
-    close_elements(static_cast<std::size_t>(parser_.nodeNr));
+    close_elements();
     xmlNode& element = *parser_.node;
     const auto count = static_cast<std::size_t>(size);
     if (element.last != &shown) {
@@ -226,14 +229,15 @@ void document_builder::add_valued(node_kind kind, std::uint32_t name, std::strin
 
 void document_builder::add_child(node_kind kind, std::uint32_t name, std::string_view value, xmlNode& shown)
 {
-    close_elements(static_cast<std::size_t>(parser_.nodeNr));
+    close_elements();
     add_valued(kind, name, value);
     show_child(*parser_.node, shown);
 }
 
-void document_builder::close_elements(std::size_t open_count)
+/// Those that the parser has closed.
+inline void document_builder::close_elements()
 {
-    for (; open_elements_.size() > open_count; open_elements_.pop_back())
+    for (; open_elements_.size() > static_cast<std::size_t>(parser_.nodeNr); open_elements_.pop_back())
         document_.nodes[open_elements_.back()].end_or_size =
             static_cast<std::uint32_t>(document_.nodes.size());
 }
@@ -241,7 +245,9 @@ void document_builder::close_elements(std::size_t open_count)
 compact_document
 document_builder::take_document(std::unique_ptr<xmlDoc, free_library_document> library_document)
 {
-    close_elements(0);
+    while (parser_.nodeNr > 0) // those without an end
+        nodePop(&parser_);
+    close_elements();
     add(node_kind::text);
     if (document_.node_count() == 0 && library_document->children != nullptr)
         document_.first_node_name = view_of(library_document->children->name);
@@ -299,10 +305,8 @@ std::uint32_t document_builder::number_of(const xmlChar* name)
     return last.number;
 }
 
-std::uint32_t document_builder::number_of(const xmlChar* name, const xmlChar* prefix, const xmlChar* uri)
+std::uint32_t document_builder::number_of(const xmlChar* name, const xmlChar* prefix)
 {
-    if (uri == nullptr)
-        return number_of(name);
     const auto [known, is_new] = namespace_names_.try_emplace({name, prefix}, 0);
     if (is_new)
         known->second = add_name({.name = std::string(view_of(name)),

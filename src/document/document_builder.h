@@ -36,7 +36,7 @@ class document_builder {
 public:
     explicit document_builder(xmlParserCtxt& parser);
 
-    void start_element(start_tag tag);
+    void start_element(const start_tag& tag);
     void end_element();
     void add_text(const xmlChar* text, int size);
     void add_character_data(const xmlChar* text, int size);
@@ -56,14 +56,14 @@ private:
     void add_valued(node_kind kind, std::uint32_t name, std::string_view value);
     void add_child(node_kind kind, std::uint32_t name, std::string_view value, xmlNode& shown);
     void add_attribute(const xmlChar** attribute);
-    void register_identifier(const start_tag& tag);
+    void register_identifier(const xmlChar* element_name, const xmlChar** attribute);
     void add_characters(node_kind kind, xmlNode& shown, const xmlChar* text, int size);
     void end_parse_for_length(const xmlChar* text, int size);
-    void close_elements(std::size_t open_count);
+    void close_elements();
     void expand_entities();
 
     std::uint32_t number_of(const xmlChar* name);
-    std::uint32_t number_of(const xmlChar* name, const xmlChar* prefix, const xmlChar* uri);
+    std::uint32_t number_of(const xmlChar* name, const xmlChar* prefix);
     std::uint32_t add_name(node_name name);
 
     xmlParserCtxt& parser_;

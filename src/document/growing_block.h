@@ -22,12 +22,17 @@ public:
     Value& operator[](std::size_t index) { return values_.get()[index]; }
     const Value& operator[](std::size_t index) const { return values_.get()[index]; }
 
-    void push_back(const Value& value) { append(&value, 1); }
+    void push_back(const Value& value)
+    {
+        if (size_ == capacity_)
+            make_room_for(1);
+        values_.get()[size_++] = value;
+    }
 
     void append(const Value* values, std::size_t count)
     {
         if (count > capacity_ - size_)
-            resize_memory(std::max(size_ + count, 2 * capacity_));
+            make_room_for(count);
         std::copy_n(values, count, values_.get() + size_);
         size_ += count;
     }
@@ -43,6 +48,8 @@ private:
     struct free_memory {
         void operator()(Value* values) const { std::free(values); }
     };
+
+    void make_room_for(std::size_t count) { resize_memory(std::max(size_ + count, 2 * capacity_)); }
 
     void resize_memory(std::size_t capacity)
     {
