@@ -97,11 +97,11 @@ void document_builder::start_element(const start_tag& tag)
     const std::uint32_t number = tag.uri == nullptr ? number_of(name) : number_of(name, tag.prefix);
     open_elements_.push_back(
         add(node_kind::element, number, open_elements_.empty() ? no_node : open_elements_.back()));
-    for (int i = 0; i < tag.namespace_count; ++i)
+    for (std::ptrdiff_t i = 0; i < tag.namespace_count; ++i)
         add_valued(node_kind::namespace_declaration, number_of(tag.namespaces[2 * i]),
                    view_of(tag.namespaces[2 * i + 1]));
-    for (int i = 0; i < tag.attribute_count; ++i) {
-        const xmlChar** attribute = tag.attributes + static_cast<std::ptrdiff_t>(i) * entries_of_attribute;
+    for (std::ptrdiff_t i = 0; i < tag.attribute_count; ++i) {
+        const xmlChar** attribute = tag.attributes + i * entries_of_attribute;
         add_attribute(attribute);
         if (is_identifier(attribute))
             register_identifier(name, attribute);

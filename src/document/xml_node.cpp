@@ -3,6 +3,7 @@
 
 #include "document/markup.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tallyframe {
@@ -16,14 +17,11 @@ bool visit_matches(xml_node node, std::string_view path, const Visit& visit)
 {
     const std::size_t slash = path.find('/');
     const std::string_view step = path.substr(0, slash);
-    for (const xml_node child : node.children()) {
-        if (!child.has_name(step))
-            continue;
-        if (slash == std::string_view::npos ? visit(child)
-                                            : visit_matches(child, path.substr(slash + 1), visit))
-            return true;
-    }
-    return false;
+    return std::ranges::any_of(node.children(), [&](xml_node child) {
+        return child.has_name(step)
+            && (slash == std::string_view::npos ? visit(child)
+                                                : visit_matches(child, path.substr(slash + 1), visit));
+    });
 }
 
 } // namespace

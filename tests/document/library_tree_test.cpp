@@ -38,6 +38,9 @@ std::vector<std::string> documents_in(const std::filesystem::path& folder)
 
 const std::vector<std::string>& odd_documents()
 {
+    static const std::string entities = "<!DOCTYPE a [<!ENTITY e 'x<b>y</b>'><!ENTITY two '&e; &e;'>]>";
+    static const std::string xhtml = "<!DOCTYPE html PUBLIC '-//W3C//DTD XHTML 1.0 Strict//EN' "
+                                     "'http://www.w3.org/TR/xhtml1/DTD/xhtml1-strict.dtd'>";
     static const std::vector<std::string> documents = {
         "",
         "text",
@@ -64,13 +67,10 @@ const std::vector<std::string>& odd_documents()
         "<a/><b/>text",
         "<!DOCTYPE a SYSTEM 'a.dtd'><a>x&u;y<b c='&u;'/></a>",
         "<!DOCTYPE a [<!ELEMENT a (b)><!ELEMENT b (#PCDATA)>]><a> <b> </b> </a>",
-        "<!DOCTYPE a [<!ENTITY e 'x<b>y</b>'><!ENTITY two '&e; &e;'>]>"
-        "<a k='&f;'> <b>&e;</b>&two;<c> &e;</c>&two;</a>",
+        entities + "<a k='&f;'> <b>&e;</b>&two;<c> &e;</c>&two;</a>",
         "<!DOCTYPE a [<!ENTITY e 'x'><!ENTITY two '&e; &e;'>]><a k='&two;&amp;'>&two;<b k='&e;'/>&two;</a>",
         "<!DOCTYPE a [<!ENTITY e '<b>'><!ENTITY f SYSTEM 'f'>]><a>1&e;2&f;3</b>4</a>",
-        "<!DOCTYPE html PUBLIC '-//W3C//DTD XHTML 1.0 Strict//EN' "
-        "'http://www.w3.org/TR/xhtml1/DTD/xhtml1-strict.dtd'>"
-        "<html><head><p/></head><body id='a'><br></br><a name='&amp;'/></body></html>",
+        xhtml + "<html><head><p/></head><body id='a'><br></br><a name='&amp;'/></body></html>",
         "<?xml version='1.0' encoding='ISO-8859-1'?><a b='\xE9'>\xE9</a>",
         "<a b='\xC3\xA9'>\xC3\xA9</a>",
     };
