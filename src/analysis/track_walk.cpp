@@ -18,6 +18,7 @@ namespace {
 
 constexpr std::string_view video_items[] = {"clipitem", "generatoritem", "transitionitem"};
 constexpr std::string_view audio_items[] = {"clipitem", "transitionitem"};
+constexpr std::string_view clip_items[] = {"clipitem"};
 
 std::int64_t item_count(xml_node track, std::span<const std::string_view> kinds)
 {
@@ -87,6 +88,12 @@ void for_each_item(xml_node track, std::string_view kind, const Analyze& analyze
     }
 }
 
+/// Records are large: they need not be moved again and again as more of them come.
+void make_room_for_clips(std::vector<clip_record>& records, const std::vector<xml_node>& tracks)
+{
+    records.reserve(records.size() + static_cast<std::size_t>(item_count(tracks, clip_items)));
+}
+
 void walk_transitions(analysis_walk& walk, const track_context& track,
                       std::vector<transition_record>& records)
 {
@@ -145,6 +152,7 @@ std::vector<track_description> audio_track_descriptions(const std::vector<xml_no
 
 void walk_video_tracks(analysis_walk& walk, const std::vector<xml_node>& tracks, track_checkboxes& checkboxes)
 {
+    make_room_for_clips(walk.result.video_clip_data_array, tracks);
     for (std::size_t i = 0; i < tracks.size(); ++i) {
         const std::size_t index = walk.result.is_sequence ? i : 0;
         const track_context track = context_of(walk, tracks[i], 'V', index);
@@ -162,6 +170,7 @@ void walk_video_tracks(analysis_walk& walk, const std::vector<xml_node>& tracks,
 
 void walk_audio_tracks(analysis_walk& walk, const std::vector<xml_node>& tracks, track_checkboxes& checkboxes)
 {
+    make_room_for_clips(walk.result.audio_clip_data_array, tracks);
     for (std::size_t i = 0; i < tracks.size(); ++i) {
         const std::size_t index = walk.result.is_sequence ? i : 0;
         const track_context track = context_of(walk, tracks[i], 'A', index);
