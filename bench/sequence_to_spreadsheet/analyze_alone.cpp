@@ -23,7 +23,6 @@ int main(int argument_count, char** arguments)
         report_session session;
         get_sequences_names(session, std::filesystem::path(arguments[1]), services);
         get_info_from_sequence_or_bins(session, session.menu.at(0).uuid, services);
-        session.document->document.leave_to_process_end();
         return EXIT_SUCCESS;
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';

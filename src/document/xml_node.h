@@ -205,7 +205,7 @@ public:
 
     xml_node root() const;
 
-    /// What stands in a document that is one.
+    /// The records of a document, which there must be.
     const compact_document& content() const { return *document_; }
 
     /// Name of the first node of the document: that of the document type declaration when there is one,
