@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 """Documents whose shape is after the memory: memory_test.py PROGRAM [TEST ...]
 
-Whatever a document is made of, listing it and reporting its first entry take no more than 60 times its size, and end
+Whatever a document is made of, listing it and reporting its first entry take no more than 25 times its size, and end
 in a workbook or a sentence.
 """
 import subprocess
@@ -16,7 +16,7 @@ PROGRAM = sys.argv.pop(1)
 MEASURE = Path(__file__).with_name("peak_memory.py")
 MEGABYTE = 1_000_000
 SIZE = 1 * MEGABYTE
-MEMORY_PER_BYTE = 60
+MEMORY_PER_BYTE = 25
 MEMORY_OF_ANY_RUN = 15 * MEGABYTE
 
 TIMES = "<duration>9</duration><in>0</in><out>9</out><start>0</start><end>9</end>"
