@@ -7,6 +7,8 @@ extern "C" {
 }
 
 #include <algorithm>
+#include <cmath>
+#include <cstdlib>
 #include <new>
 #include <string>
 #include <string_view>
@@ -54,6 +56,60 @@ orientation track_orientation(AVStream* track)
     if (matrix == nullptr || size < 9 * sizeof(std::int32_t))
         return {};
     return orientation_of(reinterpret_cast<const std::int32_t*>(matrix));
+}
+
+/// The rate that documents give media of this rate, which they know as a whole number or as 1000/1001 of one:
+/// media that says 29.97 or 23.976 exactly means the same. Nothing for clocks finer than any film.
+std::optional<AVRational> documented_rate(AVRational rate)
+{
+    constexpr double fastest = 500; // frames a second
+    constexpr double nearness = 1e-4;
+    if (rate.num <= 0 || rate.den <= 0 || av_q2d(rate) > fastest)
+        return std::nullopt;
+    for (const int divisor : {1000, 1001}) {
+        const AVRational documented = {static_cast<int>(std::lround(av_q2d(rate) * divisor / 1000)) * 1000,
+                                       divisor};
+        if (documented.num > 0 && std::abs(av_q2d(rate) / av_q2d(documented) - 1) <= nearness)
+            return documented;
+    }
+    return std::nullopt;
+}
+
+/// The number of the frame that starts at a time, by the rate that the time was made with.
+std::optional<std::int64_t> frame_number(media_time time, AVRational rate)
+{
+    std::int64_t dividend = 0;
+    std::int64_t divisor = 0;
+    if (time.timescale <= 0 || __builtin_mul_overflow(time.value, rate.num, &dividend)
+        || __builtin_mul_overflow(time.timescale, rate.den, &divisor) || dividend % divisor != 0)
+        return std::nullopt;
+    return dividend / divisor;
+}
+
+/// How many frames a second the media itself counts.
+AVRational counted_rate(const AVStream& track)
+{
+    const AVRational ticks = av_inv_q(track.time_base);
+    return documented_rate(ticks) ? ticks : track.r_frame_rate;
+}
+
+/// The time by the media's own count for one that a document gives. Where both counts run nearly alike, the
+/// number of the frame decides: by time, 29.97 would be a frame behind 30000/1001 after eleven minutes.
+media_time counted_time(media_time time, AVRational counted)
+{
+    const std::optional<AVRational> documented = documented_rate(counted);
+    if (!documented || av_cmp_q(*documented, counted) == 0)
+        return time;
+    const std::optional<std::int64_t> number = frame_number(time, *documented);
+    // Half way through the frame: clocks are rounded, and so are the rates that files give.
+    constexpr std::int64_t halves = 2;
+    media_time own = {0, halves * counted.num};
+    std::int64_t middle = 0;
+    if (!number || __builtin_mul_overflow(*number, halves, &middle)
+        || __builtin_add_overflow(middle, 1, &middle)
+        || __builtin_mul_overflow(middle, counted.den, &own.value))
+        return time;
+    return own;
 }
 
 std::int64_t usual_duration_of(const AVStream& track)
@@ -208,8 +264,10 @@ bool video_stream::is_stored_in_order() const
     return is_intra_only(decoder_->codec_id) || decoder_->has_b_frames == 0;
 }
 
-std::optional<std::int64_t> video_stream::tick_of(media_time time) const
+std::optional<std::int64_t> video_stream::tick_of(media_time documented) const
 {
+    const media_time time = counted_time(documented, counted_rate(*track_));
+
     // A time falls short of its frame by as much as clocks round: half a tick of a fine clock, or a
     // hair's breadth of a frame where 29.97 and 30000/1001 meet.
     constexpr std::int64_t parts = 1024; // of a tick

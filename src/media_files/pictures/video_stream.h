@@ -49,8 +49,10 @@ public:
     bool is_stored_in_order() const;
 
     /// The last tick that a time includes, for finding the frame on display then: a frame that starts at a
-    /// tick after it comes too late. Nothing when the time is beyond all clocks.
-    std::optional<std::int64_t> tick_of(media_time time) const;
+    /// tick after it comes too late. A time that starts a frame by the rate of a document stands for the
+    /// frame of that number where the media counts nearly as fast (29.97 for 30000/1001). Nothing when the
+    /// time is beyond all clocks.
+    std::optional<std::int64_t> tick_of(media_time documented) const;
 
     std::int64_t ticks_of_seconds(int seconds) const;
 

@@ -210,6 +210,75 @@ TEST(video_file, shows_the_only_frame_of_a_film_of_one)
     EXPECT_EQ(frame_shown(*film.file, {0, 1}), 0);
 }
 
+/// Rates as captures and exports write them, beside those of the documents about them.
+struct nearly_equal_rate {
+    const char* rate;
+    media_time frame; ///< how long a document takes a frame to be
+};
+
+constexpr nearly_equal_rate nearly_equal_rates[] = {
+    {"2997/100", {1001, 30000}},
+    {"23976/1000", {1001, 24000}},
+    {"5994/100", {1001, 60000}},
+    {"1000000/33367", {1001, 30000}},
+    {"30000/1001", {1001, 30000}},
+    {"24000/1001", {1001, 24000}},
+    {"60000/1001", {1001, 60000}},
+    {"24", {1, 24}},
+    {"25", {1, 25}},
+    {"30", {1, 30}},
+    {"50", {1, 50}},
+    {"60", {1, 60}},
+};
+
+TEST(video_file, shows_the_frame_of_that_number_to_the_end_of_a_day)
+{
+    const made_media media;
+    for (const nearly_equal_rate& tested : nearly_equal_rates) {
+        const std::int64_t last = 24 * 60 * 60 * tested.frame.timescale / tested.frame.value - 1;
+        // Six frames at the beginning, a long gap, and six at the end.
+        const std::string filter = numbered_frames(tested.rate) + ",setpts='round((N+if(lt(N,6),0,"
+            + std::to_string(last - 11) + "))/(" + tested.rate + ")/TB)'";
+        const opened_film film =
+            opened(media.make("day.mkv",
+                              {"-f", "lavfi", "-i", filter, "-vsync", "passthrough", "-frames:v", "12",
+                               "-c:v", "libx264", "-preset", "veryfast", "-g", "3", "-bf", "2"}));
+        for (int frame = 11; frame >= 0; --frame) {
+            const std::int64_t number = frame < 6 ? frame : frame + last - 11;
+            EXPECT_EQ(frame_shown(*film.file, {number * tested.frame.value, tested.frame.timescale}), frame)
+                << tested.rate;
+        }
+    }
+}
+
+TEST(video_file, shows_the_frame_of_that_number_whatever_the_container)
+{
+    const made_media media;
+    constexpr int last = 25000; // a frame early by time alone from 20010 on
+    const auto avi =
+        media.make("film.avi",
+                   {"-f", "lavfi", "-i",
+                    "color=black:s=20x4:r=2997/100,format=gray,"
+                    "geq=lum='if(mod(floor(N/pow(2,floor(X/2))),2),255,0)'",
+                    "-frames:v", std::to_string(last + 1), "-c:v", "rawvideo", "-pix_fmt", "uyvy422"});
+    const auto mov = media.make("film.mov", {"-i", avi.string(), "-c", "copy"});
+    const auto mkv = media.make("film.mkv", {"-i", avi.string(), "-c", "copy"});
+    for (const auto& file : {avi, mov, mkv}) {
+        const opened_film film = opened(file);
+        for (const int frame : {last, 20010, 20011, 1, 12345})
+            EXPECT_EQ(frame_shown(*film.file, {frame * 1001, 30000}), frame % 1024) << file;
+    }
+}
+
+TEST(video_file, goes_by_time_where_the_rates_differ)
+{
+    const made_media media;
+    const opened_film film = opened(media.film("film.avi", "25", 60, {"-c:v", "mjpeg", "-q:v", "3"}));
+    EXPECT_EQ(frame_shown(*film.file, {30 * 1001, 30000}), 25);
+    EXPECT_EQ(frame_shown(*film.file, {29 * 1001, 30000}), 24);
+    EXPECT_EQ(frame_shown(*film.file, {60 * 1001, 60000}), 25);
+}
+
 TEST(video_file, shows_nothing_after_the_last_frame)
 {
     const made_media media;
