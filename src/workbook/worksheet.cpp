@@ -33,6 +33,17 @@ std::string cell_name(std::size_t row, std::size_t column)
     return name + std::to_string(row + 1);
 }
 
+/// A picture's size in pixels when it is shown at most `highest` points high.
+shown_size size_within(const picture_header& picture, double highest)
+{
+    constexpr double points_per_pixel = 0.75;
+    const double pixels = std::fmax(1, std::floor(highest / points_per_pixel));
+    if (picture.height <= pixels)
+        return {picture.width, picture.height};
+    const double width = std::fmax(1, std::round(picture.width * pixels / picture.height));
+    return {static_cast<std::uint32_t>(width), static_cast<std::uint32_t>(pixels)};
+}
+
 /// Notes that the sheet reaches to this cell. Answers whether there is room for it.
 bool takes(sheet_content& sheet, std::size_t row, std::size_t column)
 {
@@ -92,15 +103,14 @@ void worksheet::set_column(std::size_t first, std::size_t last, double width, fo
 
 void worksheet::set_row(std::size_t row, double height)
 {
-    constexpr double most = 409;
     constexpr double twips_in_point = 20;
     if (row >= row_limit)
         return;
     auto& heights = sheet_.row_heights;
     if (row >= heights.size())
         heights.resize(row + 1);
-    heights[row] =
-        static_cast<std::uint16_t>(std::lround(std::fmax(0, std::fmin(height, most)) * twips_in_point));
+    heights[row] = static_cast<std::uint16_t>(
+        std::lround(std::fmax(0, std::fmin(height, highest_row)) * twips_in_point));
 }
 
 void worksheet::freeze_panes(std::size_t row, std::size_t column)
@@ -109,7 +119,8 @@ void worksheet::freeze_panes(std::size_t row, std::size_t column)
                      .columns = static_cast<std::uint16_t>(std::min(column, column_limit - 1))};
 }
 
-void worksheet::insert_image(std::size_t row, std::size_t column, const std::filesystem::path& picture)
+void worksheet::insert_image(std::size_t row, std::size_t column, const std::filesystem::path& picture,
+                             double highest)
 {
     constexpr std::size_t picture_limit = 0xFFFF;
     auto file = read_picture_file(picture);
@@ -117,8 +128,9 @@ void worksheet::insert_image(std::size_t row, std::size_t column, const std::fil
         return;
     if (sheet_.pictures.size() == picture_limit)
         throw workbook_error("The sheet \"" + sheet_.name + "\" holds 65,535 pictures, and no more.");
+    const shown_size size = size_within(file.header, highest);
     sheet_.pictures.push_back({static_cast<std::uint16_t>(row), static_cast<std::uint16_t>(column),
-                               book_.pictures.add(std::move(file))});
+                               book_.pictures.add(std::move(file)), size});
 }
 
 } // namespace xls

@@ -5,12 +5,16 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <limits>
 #include <string_view>
 
 namespace xls {
 
 struct sheet_content;
 struct workbook_content;
+
+/// The height in points at which a row ends, whatever it is set to.
+inline constexpr double highest_row = 409;
 
 /// One sheet of a workbook, created by workbook::add_worksheet and owned by it.
 ///
@@ -41,9 +45,11 @@ public:
     void freeze_panes(std::size_t row, std::size_t column);
 
     /// A picture (JPEG or PNG file, read at once) whose upper left corner stands in the cell's corner, in its
-    /// own size at 96 dots an inch; it moves with the cell. Equal pictures are stored once. Throws
-    /// workbook_error when the file cannot be read or is of another kind.
-    void insert_image(std::size_t row, std::size_t column, const std::filesystem::path& picture);
+    /// own size at 96 dots an inch, or smaller in its proportions so that it is at most `highest` points
+    /// high; it moves with the cell. Equal pictures are stored once, and whole. Throws workbook_error when
+    /// the file cannot be read or is of another kind.
+    void insert_image(std::size_t row, std::size_t column, const std::filesystem::path& picture,
+                      double highest = std::numeric_limits<double>::infinity());
 
     worksheet(const worksheet&) = delete;
     worksheet& operator=(const worksheet&) = delete;

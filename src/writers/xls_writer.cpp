@@ -137,7 +137,7 @@ void insert_picture(const xls_writing& run, xls::worksheet& out, const sheet& fr
         return;
     try {
         out.set_row(row, picture->row_height);
-        out.insert_image(row, *from.picture_column, picture->jpeg);
+        out.insert_image(row, *from.picture_column, picture->jpeg, xls::highest_row);
     } catch (const xls::workbook_error& error) {
         log(run.what.out, std::string("no thumbnail: ") + error.what());
         run.lost.add(loss_kind::absent_pictures);

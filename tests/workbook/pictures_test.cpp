@@ -154,6 +154,35 @@ TEST(insert_image, anchors_pictures_in_their_own_size)
                     "1027 of picture 2 from 5 1 to 7+0 2+512", "2049 of picture 2 from 0 0 to 2+0 1+512"));
 }
 
+TEST(insert_image, scales_pictures_into_the_highest_row)
+{
+    const temporary_folder folder;
+    xls::workbook book("");
+    auto& sheet = book.add_worksheet("All Reels");
+    sheet.set_column(0, 0, 91); // 642 pixels
+    for (const std::size_t row : {0U, 1U, 2U})
+        sheet.set_row(row, 1000);
+    sheet.insert_image(0, 0, saved(folder, "upright.jpg", jpeg(640, 1138)), xls::highest_row);
+    sheet.insert_image(1, 0, saved(folder, "square.jpg", jpeg(642, 642)), xls::highest_row);
+    sheet.insert_image(2, 0, saved(folder, "fits.jpg", jpeg(321, 545)), xls::highest_row);
+    EXPECT_THAT(lines_of(read_back(book), "shape "),
+                ElementsAre("1025 of picture 1 from 0 0 to 1+0 0+489", // 307 wide
+                            "1026 of picture 2 from 1 0 to 2+0 0+869", // 545 wide
+                            "1027 of picture 3 from 2 0 to 3+0 0+512"));
+}
+
+TEST(insert_image, is_never_smaller_than_a_pixel)
+{
+    const temporary_folder folder;
+    xls::workbook book("");
+    auto& sheet = book.add_worksheet("All Reels");
+    sheet.insert_image(0, 0, saved(folder, "line.jpg", jpeg(1, 60000)), xls::highest_row);
+    sheet.insert_image(20, 0, saved(folder, "dot.jpg", jpeg(10, 10)), 0);
+    EXPECT_THAT(
+        lines_of(read_back(book), "shape "),
+        ElementsAre("1025 of picture 1 from 0 0 to 32+15 0+16", "1026 of picture 2 from 20 0 to 20+15 0+16"));
+}
+
 TEST(insert_image, keeps_nothing_of_a_picture_beyond_the_last_row)
 {
     const temporary_folder folder;

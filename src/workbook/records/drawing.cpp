@@ -68,7 +68,7 @@ void write_sheet_group(byte_writer& out, const sheet_shapes& shapes)
 }
 
 void write_picture(byte_writer& out, const placed_picture& placed, std::uint32_t identifier,
-                   const picture_header& picture, const cell_sizes& sizes)
+                   const cell_sizes& sizes)
 {
     constexpr std::uint16_t picture_frame = 75;
     constexpr std::uint32_t has_anchor_and_type = 0x00000A00;
@@ -83,8 +83,9 @@ void write_picture(byte_writer& out, const placed_picture& placed, std::uint32_t
     write_shape(out, picture_frame, identifier, has_anchor_and_type);
     art::properties(out, properties);
 
-    const auto right = end_of(placed.column, picture.width, column_limit, column_fractions, sizes.width_of);
-    const auto bottom = end_of(placed.row, picture.height, row_limit, row_fractions, sizes.height_of);
+    const auto right =
+        end_of(placed.column, placed.size.width, column_limit, column_fractions, sizes.width_of);
+    const auto bottom = end_of(placed.row, placed.size.height, row_limit, row_fractions, sizes.height_of);
     art::header(out, art::kind::client_anchor, 0, 0, anchor_size);
     out.u16(moves_but_keeps_its_size);
     for (const std::uint16_t number : {placed.column, std::uint16_t{0}, placed.row, std::uint16_t{0},
@@ -128,15 +129,14 @@ drawing_end end_of(std::uint16_t start, std::uint32_t size, std::size_t cells, s
 }
 
 void write_drawing(byte_writer& out, const std::vector<placed_picture>& placed, const sheet_shapes& shapes,
-                   const picture_store& pictures, const cell_sizes& sizes)
+                   const cell_sizes& sizes)
 {
     for (std::uint32_t i = 0; i < placed.size(); ++i) {
         {
             const record drawing(out, record_id::drawing);
             if (i == 0)
                 write_sheet_group(out, shapes);
-            write_picture(out, placed[i], shapes.first_shape + i + 1, pictures.header(placed[i].picture),
-                          sizes);
+            write_picture(out, placed[i], shapes.first_shape + i + 1, sizes);
         }
         write_object(out, static_cast<std::uint16_t>(i + 1));
     }

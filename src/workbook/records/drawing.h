@@ -10,11 +10,18 @@
 
 namespace xls {
 
+/// In pixels of 1/96 inch.
+struct shown_size {
+    std::uint32_t width;
+    std::uint32_t height;
+};
+
 /// A picture whose upper left corner stands in a cell's.
 struct placed_picture {
     std::uint16_t row;
     std::uint16_t column;
     std::uint32_t picture; ///< its number in the picture_store
+    shown_size size;
 };
 
 /// How large a sheet's cells are, in pixels of 1/96 inch; 0 for a hidden row or column.
@@ -36,6 +43,6 @@ drawing_end end_of(std::uint16_t start, std::uint32_t size, std::size_t cells, s
 
 /// Appends an MSODRAWING and an OBJ record for each picture of a sheet.
 void write_drawing(byte_writer& out, const std::vector<placed_picture>& placed, const sheet_shapes& shapes,
-                   const picture_store& pictures, const cell_sizes& sizes);
+                   const cell_sizes& sizes);
 
 } // namespace xls

@@ -29,7 +29,6 @@ public:
     std::uint32_t add(picture_file file);
 
     std::size_t size() const { return pictures_.size(); }
-    const picture_header& header(std::uint32_t number) const { return pictures_[number - 1].file.header; }
 
     /// `sheets`: all of the workbook, in their order. Appends MSODRAWINGGROUP and its CONTINUE records.
     void write(byte_writer& out, const std::vector<sheet_shapes>& sheets) const;

@@ -68,7 +68,7 @@ sheet_stream::sheet_stream(const sheet_content& content, const sheet_frame& fram
         end_row_ = row + 1;
     }
     write_head(frame.position);
-    write_drawing(tail_, content.pictures, frame.shapes, frame.pictures, sizes_in_pixels());
+    write_drawing(tail_, content.pictures, frame.shapes, sizes_in_pixels());
     records::window2(tail_, content.frozen, frame.selected);
     records::panes(tail_, content.frozen);
     records::eof(tail_);

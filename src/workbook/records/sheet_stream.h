@@ -15,7 +15,6 @@ namespace xls {
 /// What a sheet needs to know of its workbook.
 struct sheet_frame {
     const format_table& formats;
-    const picture_store& pictures;
     sheet_shapes shapes;
     bool selected; ///< the sheet that shows when the file is opened
     std::size_t position; ///< where in the workbook stream the sheet will start

@@ -61,7 +61,6 @@ workbook_stream::workbook_stream(const workbook_content& content)
         globals_.patch_u32(position_offsets[sheets_.size()], static_cast<std::uint32_t>(size_));
         sheets_.emplace_back(*sheet,
                              sheet_frame{.formats = content.formats,
-                                         .pictures = content.pictures,
                                          .shapes = shapes[sheets_.size()],
                                          .selected = sheets_.empty(),
                                          .position = size_});
