@@ -2,9 +2,11 @@
 #include "sheets/thumbnails.h"
 
 #include "run/log.h"
+#include "text/shortened.h"
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <climits>
 #include <exception>
 #include <memory>
@@ -42,12 +44,18 @@ media_time time_of(const rational& seconds)
 }
 
 /// "0002 Name.jpg" for the first row under the header: rows as a user counts them, so that two clips of one
-/// name get a file each. Nothing when the name cannot be a file's.
-std::optional<std::string> jpeg_name(const clip_record& clip, std::size_t row)
+/// name get a file each. What no file's name can hold is replaced.
+std::string jpeg_name(const clip_record& clip, std::size_t row)
 {
-    std::string name = fmt::format("{:04} {}.jpg", row + 1, clip.name.value_or(""));
-    const bool is_file_name = name.size() <= NAME_MAX && name.find('/') == std::string::npos;
-    return is_file_name ? std::optional(std::move(name)) : std::nullopt;
+    constexpr std::string_view ending = ".jpg";
+    constexpr std::string_view ellipsis = "…";
+    const std::string number = fmt::format("{:04} ", row + 1);
+    std::string name = clip.name.value_or("");
+    std::replace(name.begin(), name.end(), '/', '_');
+    const std::size_t room = NAME_MAX - number.size() - ending.size();
+    if (name.size() > room)
+        name = shortened(name, room - ellipsis.size());
+    return fmt::format("{}{}{}", number, name, ending);
 }
 
 /// A still picture where the system only reads assets.
@@ -155,11 +163,6 @@ std::optional<row_picture> make_picture(const clip_record& clip, std::size_t row
     const std::string& path = *run.current_thumbnail_clip;
     const rational& time = *clip.image_time;
     log(run.out, fmt::format("thumbnail: {} @ {}/{}", path, time.numerator, time.denominator));
-    const std::optional<std::string> name = jpeg_name(clip, row);
-    if (!name) {
-        log(run.out, "no thumbnail: the clip's name cannot be a file's name");
-        return std::nullopt;
-    }
 
     obtained_frame obtained;
     try {
@@ -171,7 +174,7 @@ std::optional<row_picture> make_picture(const clip_record& clip, std::size_t row
         obtained.pixels ? std::move(obtained.pixels) : scaled_image(obtained.image.get(), run);
     if (obtained.file_is_there && (!picture || obtained.is_placeholder))
         note_unreadable(path, run);
-    const std::filesystem::path jpeg = run.folder / *name;
+    const std::filesystem::path jpeg = run.folder / jpeg_name(clip, row);
     if (picture)
         write_jpeg(*picture, jpeg, run);
     if (!std::filesystem::exists(jpeg))
