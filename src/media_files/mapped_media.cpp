@@ -5,6 +5,7 @@
 #include "run/log.h"
 #include "text/icu_text.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -16,10 +17,15 @@ namespace tallyframe {
 
 namespace {
 
-bool is_readable_file(const std::filesystem::path& file)
+bool is_file(const std::filesystem::path& file)
 {
     std::error_code unseen;
-    return std::filesystem::is_regular_file(file, unseen) && access(file.c_str(), R_OK) == 0;
+    return std::filesystem::is_regular_file(file, unseen);
+}
+
+bool is_readable_file(const std::filesystem::path& file)
+{
+    return is_file(file) && faccessat(AT_FDCWD, file.c_str(), R_OK, AT_EACCESS) == 0;
 }
 
 /// One spelling of accented letters: a disk of a Mac takes "é" apart into two characters, others do not.
@@ -95,7 +101,10 @@ std::optional<std::filesystem::path> mapped_media::find(const std::string& path)
         return mapped;
     if (is_readable_file(path))
         return path;
-    return find_by_name(path);
+    if (auto named = find_by_name(path))
+        return named;
+    // One that may not be read is not missing: whoever opens it will tell.
+    return is_file(path) ? std::optional<std::filesystem::path>(path) : std::nullopt;
 }
 
 std::optional<std::filesystem::path> mapped_media::find_mapped(const std::string& path) const
