@@ -46,6 +46,14 @@ std::vector<fs::path> names_in(const fs::path& folder, std::error_code& error)
     return names;
 }
 
+/// Whether a file is called as the pictures of reports are: "0002 Clip.jpg".
+bool is_picture_name(std::string_view name)
+{
+    constexpr std::size_t fewest_digits = 4;
+    const std::size_t digits = std::min(name.find_first_not_of("0123456789"), name.size());
+    return digits >= fewest_digits && name.substr(digits).starts_with(' ') && name.ends_with(".jpg");
+}
+
 } // namespace
 
 fs::path place_of_thumbnails(const fs::path& workbook)
@@ -99,7 +107,7 @@ thumbnail_folder::~thumbnail_folder()
         fs::remove_all(path_, unseen);
 }
 
-fs::path thumbnail_folder::publish(const std::function<bool(const fs::path&)>& is_precious)
+fs::path thumbnail_folder::publish(const precious_files& is_precious)
 {
     if (place_.empty())
         return path_;
@@ -119,6 +127,8 @@ fs::path thumbnail_folder::publish(const std::function<bool(const fs::path&)>& i
     made_place_ = fs::create_directory(place_, error);
     if (!error)
         fs::create_directory(path_ / replaced_pictures, error);
+    if (!error)
+        error = put_away_older_pictures(names, is_precious);
     for (const fs::path& name : names) {
         if (!error)
             error = put_in_place(name);
@@ -126,6 +136,22 @@ fs::path thumbnail_folder::publish(const std::function<bool(const fs::path&)>& i
     if (error)
         refuse(reason_of(error));
     return place_;
+}
+
+/// Those that no new picture replaces: a second report may have fewer rows, and other clips in them.
+std::error_code thumbnail_folder::put_away_older_pictures(const std::vector<fs::path>& new_names,
+                                                          const precious_files& is_precious)
+{
+    std::error_code error;
+    for (const fs::path& name : names_in(place_, error)) {
+        const fs::path file = place_ / name;
+        if (error || !is_picture_name(name.string())
+            || std::binary_search(new_names.begin(), new_names.end(), name)
+            || !fs::is_regular_file(fs::symlink_status(file, error)) || is_precious(file))
+            continue;
+        error = make({file, path_ / replaced_pictures / name});
+    }
+    return error;
 }
 
 std::error_code thumbnail_folder::put_in_place(const fs::path& name)

@@ -16,6 +16,9 @@ inline constexpr std::string_view thumbnails_ending = " thumbnails";
 /// Where the pictures of a workbook are kept: "Reel 1 thumbnails" beside "Reel 1.xls".
 std::filesystem::path place_of_thumbnails(const std::filesystem::path& workbook);
 
+/// Whether a file must not be touched.
+using precious_files = std::function<bool(const std::filesystem::path&)>;
+
 /// The folder that one report's pictures are written into. It is private while the report is made, and its
 /// destructor removes it with all it holds, whether the run ended well, failed or was stopped.
 class thumbnail_folder {
@@ -35,10 +38,11 @@ public:
     /// Where to write the pictures.
     const std::filesystem::path& path() const { return path_; }
 
-    /// Puts the pictures into their place, which it gives. Pictures of the same names from an earlier report
-    /// are replaced, other files there stay. Throws failure when a file that `is_precious` would be replaced,
-    /// and when anything goes wrong; everything is as it was then. Does nothing to a temporary folder.
-    std::filesystem::path publish(const std::function<bool(const std::filesystem::path&)>& is_precious);
+    /// Puts the pictures into their place, which it gives. Pictures of an earlier report, which are known by
+    /// their names ("0002 Clip.jpg"), go; other files there stay, and so does what `is_precious`. Throws
+    /// failure when that would be replaced, and when anything goes wrong; everything is as it was then. Does
+    /// nothing to a temporary folder.
+    std::filesystem::path publish(const precious_files& is_precious);
 
     /// Undoes `publish`. Gives an empty text when everything is as it was before, or else a sentence about
     /// what is where.
@@ -51,6 +55,8 @@ private:
     };
 
     thumbnail_folder(std::filesystem::path path, std::filesystem::path place);
+    std::error_code put_away_older_pictures(const std::vector<std::filesystem::path>& new_names,
+                                            const precious_files& is_precious);
     std::error_code put_in_place(const std::filesystem::path& name);
     std::error_code make(const move& wanted);
     [[noreturn]] void refuse(const std::string& reason);

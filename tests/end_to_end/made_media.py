@@ -7,6 +7,11 @@ def ffmpeg(*arguments):
     subprocess.run(["ffmpeg", "-v", "error", "-nostdin", "-y", *map(str, arguments)], check=True)
 
 
+def make_upright_film(path):
+    path.parent.mkdir(parents=True, exist_ok=True)
+    ffmpeg("-f", "lavfi", "-i", "color=red:s=90x160:r=25", "-frames:v", 5, "-c:v", "libx264", path)
+
+
 def make_film(path, frames=250):
     path.parent.mkdir(parents=True, exist_ok=True)
     bars = "geq=lum='if(mod(floor(N/pow(2,floor(X/16))),2),235,16)':cb=128:cr=128"

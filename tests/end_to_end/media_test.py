@@ -12,7 +12,7 @@ from pathlib import Path
 
 import xlrd
 
-from made_media import make_film, make_song
+from made_media import make_film, make_song, make_upright_film
 from made_timelines import clip_item, document, sequence, timeline, track
 from report_runs import ReportRuns
 
@@ -42,11 +42,18 @@ class Reports(ReportRuns):
     def pictures(self):
         return sorted((self.desk / "Reel 1 thumbnails").iterdir())
 
-    def places_of_pictures(self):
-        """Row and column of each picture in the workbook."""
+    def shapes(self):
         lines = subprocess.run([sys.executable, READ_BACK, self.workbook], check=True, capture_output=True,
                                text=True).stdout.splitlines()
-        return [tuple(map(int, line.split()[6:8])) for line in lines if line.startswith("shape ")]
+        return [line.split() for line in lines if line.startswith("shape ")]
+
+    def places_of_pictures(self):
+        """Row and column of each picture in the workbook."""
+        return [tuple(map(int, shape[6:8])) for shape in self.shapes()]
+
+    def ends_of_pictures(self):
+        """The row in which each picture ends, and at which part of it."""
+        return [shape[9] for shape in self.shapes()]
 
     def tags(self, row):
         sheet = xlrd.open_workbook(self.workbook).sheet_by_name("All Reels")
@@ -69,6 +76,15 @@ class Reports(ReportRuns):
                     "--columns", "Row Numbers,Track")
         self.assertEqual(self.places_of_pictures(), [(2, 1), (3, 1)])
         self.assertEqual([jpeg.name for jpeg in self.pictures()], ["0003 Clip.jpg", "0004 Clip.jpg"])
+
+    def test_upright_pictures_end_with_their_rows(self):
+        make_upright_film(self.film)
+        self.report(timeline([("Clip", self.film, 0), ("Clip", self.film, 1)]), "--thumbnails=640",
+                    "--keep-thumbnails")
+        sizes = subprocess.run(["ffprobe", "-v", "error", "-show_entries", "stream=width,height", "-of", "csv=p=0",
+                                self.pictures()[0]], check=True, capture_output=True, text=True).stdout
+        self.assertEqual(sizes.strip(), "640,1138", "the file keeps its size")
+        self.assertEqual(self.ends_of_pictures(), ["2+0", "3+0"], "row and what the picture covers of it")
 
     def test_pictures_that_are_not_kept_leave_no_trace(self):
         make_film(self.film)
@@ -143,6 +159,13 @@ class Reports(ReportRuns):
         self.report(timeline([(name, self.film, 5) for name in names]), "--thumbnails", "--keep-thumbnails")
         self.assertEqual([jpeg.name for jpeg in self.pictures()],
                          ["0002 .._.._Clip.jpg", "0003 " + "x" * 243 + "….jpg", "0004 Clip.jpg"])
+
+    def test_pictures_kept_a_second_time_are_those_of_the_second_report(self):
+        make_film(self.film)
+        self.report(timeline([(name, self.film, 5) for name in ("A", "B", "C")]), "--thumbnails", "--keep-thumbnails")
+        (self.pictures()[0].parent / "notes.txt").write_text("mine")
+        self.report(timeline([(name, self.film, 6) for name in ("D", "B")]), "--thumbnails", "--keep-thumbnails")
+        self.assertEqual([file.name for file in self.pictures()], ["0002 D.jpg", "0003 B.jpg", "notes.txt"])
 
     def test_audio_rows_carry_the_tags_of_their_files(self):
         expected = ["Light", "Weather", 7, 1999, "Ambient", "Zoë Keene", "Ann Lee", ""]

@@ -149,6 +149,36 @@ TEST(thumbnail_folder, replaces_pictures_of_the_same_names_and_leaves_other_file
     EXPECT_EQ(entries_of(desk.path()), 1);
 }
 
+TEST(thumbnail_folder, leaves_no_picture_of_an_earlier_report_among_the_new)
+{
+    const temporary_folder desk;
+    const fs::path place = desk.path() / "Reel 1 thumbnails";
+    const std::vector<std::string> others = {"0004 Still.jpg", "12 Clip.jpg", "0002Clip.jpg", "0002 Clip.png",
+                                             "Clip.jpg"};
+    for (const char* picture : {"0002 Old.jpg", "0003 Clip.jpg", "12345 Old.jpg"})
+        write_file(place / picture, "older picture");
+    for (const std::string& other : others)
+        write_file(place / other, "mine");
+    fs::create_directory(place / "0005 Folder.jpg");
+    const auto is_still = [&](const fs::path& file) { return file == place / others.front(); };
+    for (const bool stays : {false, true}) {
+        {
+            thumbnail_folder folder = thumbnail_folder::beside(desk.path() / "Reel 1.xls");
+            write_file(folder.path() / "0002 New.jpg", "new");
+            write_file(folder.path() / "0003 Clip.jpg", "new");
+            folder.publish(is_still);
+            EXPECT_FALSE(fs::exists(place / "0002 Old.jpg"));
+            EXPECT_FALSE(fs::exists(place / "12345 Old.jpg"));
+            const std::string remains = stays ? "" : folder.take_back();
+            EXPECT_EQ(remains, "");
+        }
+        EXPECT_EQ(fs::exists(place / "0002 Old.jpg"), !stays);
+        EXPECT_EQ(content_of(place / "0003 Clip.jpg"), stays ? "new" : "older picture");
+        EXPECT_EQ(entries_of(place), (stays ? 2 : 3) + 6);
+    }
+    EXPECT_EQ(entries_of(desk.path()), 1);
+}
+
 TEST(thumbnail_folder, takes_back_what_it_has_put_in_place)
 {
     const temporary_folder desk;
