@@ -1,11 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include "media_files/tag_readers.h"
 
+#include "media_files/chunk_tags.h"
 #include "media_files/mdls_output.h"
 #include "media_files/tag_values.h"
 
+#include <taglib/aifffile.h>
+#include <taglib/apetag.h>
 #include <taglib/fileref.h>
+#include <taglib/flacfile.h>
+#include <taglib/id3v1tag.h>
+#include <taglib/id3v2tag.h>
+#include <taglib/infotag.h>
+#include <taglib/mpegfile.h>
+#include <taglib/textidentificationframe.h>
+#include <taglib/tfilestream.h>
 #include <taglib/tpropertymap.h>
+#include <taglib/wavfile.h>
+#include <taglib/xiphcomment.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -30,6 +42,84 @@ std::string value_of(const TagLib::PropertyMap& properties, const char* name)
     return one_line(properties[name].toString(", "));
 }
 
+/// Takes over the properties that `known` lacks.
+void fill_up(TagLib::PropertyMap& known, const TagLib::PropertyMap& others)
+{
+    for (const auto& [name, texts] : others) {
+        if (known[name].toString().stripWhiteSpace().isEmpty())
+            known.replace(name, texts);
+    }
+}
+
+/// Roles that a list of involved people names in lower case, which the library passes over.
+TagLib::PropertyMap involved_people(const TagLib::ID3v2::Tag& tag)
+{
+    TagLib::PropertyMap people;
+    for (const TagLib::ID3v2::Frame* frame : tag.frameList("TIPL")) {
+        const auto* list = dynamic_cast<const TagLib::ID3v2::TextIdentificationFrame*>(frame);
+        if (list == nullptr)
+            continue;
+        const TagLib::StringList texts = list->fieldList();
+        for (unsigned i = 0; i + 1 < texts.size(); i += 2) {
+            const TagLib::String role = texts[i].upper();
+            if (role == "PRODUCER" || role == "COMPOSER")
+                people[role].append(texts[i + 1]);
+        }
+    }
+    return people;
+}
+
+// The library's call of this name is not virtual.
+template <class Tag>
+TagLib::PropertyMap properties_of_tag(const Tag& tag)
+{
+    return tag.properties();
+}
+
+template <>
+TagLib::PropertyMap properties_of_tag(const TagLib::ID3v2::Tag& tag)
+{
+    TagLib::PropertyMap properties = tag.properties();
+    fill_up(properties, involved_people(tag));
+    return properties;
+}
+
+/// What the tags of one file say together: the first that knows a property decides. Those that the file does
+/// not have are null.
+template <class... Tags>
+TagLib::PropertyMap joined(const Tags*... tags)
+{
+    TagLib::PropertyMap properties;
+    (fill_up(properties, tags != nullptr ? properties_of_tag(*tags) : TagLib::PropertyMap()), ...);
+    return properties;
+}
+
+/// A file may carry tags of several kinds, of which the library gives only those of the first.
+TagLib::PropertyMap properties_of(TagLib::File& file)
+{
+    if (auto* mpeg = dynamic_cast<TagLib::MPEG::File*>(&file))
+        return joined(mpeg->ID3v2Tag(), mpeg->APETag(), mpeg->ID3v1Tag());
+    if (auto* wav = dynamic_cast<TagLib::RIFF::WAV::File*>(&file))
+        return joined(wav->ID3v2Tag(), wav->InfoTag());
+    if (auto* flac = dynamic_cast<TagLib::FLAC::File*>(&file))
+        return joined(flac->xiphComment(), flac->ID3v2Tag(), flac->ID3v1Tag());
+    if (auto* aiff = dynamic_cast<TagLib::RIFF::AIFF::File*>(&file))
+        return joined(aiff->tag());
+    return file.properties();
+}
+
+bool is_bare_stream(const std::filesystem::path& file)
+{
+    return TagLib::String(file.extension().string()).upper() == ".AAC";
+}
+
+/// The tags in front of and behind a stream that has no container.
+TagLib::PropertyMap properties_of_stream(const std::filesystem::path& file)
+{
+    TagLib::MPEG::File stream(file.c_str(), false);
+    return properties_of(stream);
+}
+
 /// Each but the last with the comma behind it that a printed list has.
 std::vector<std::string> lines_of(const TagLib::StringList& names)
 {
@@ -47,9 +137,21 @@ std::optional<audio_tags> taglib_tag_reader::tags_of(const std::filesystem::path
     const TagLib::FileRef media(file.c_str(), false);
     if (media.isNull() && errno == ENOMEM)
         throw std::bad_alloc();
-    if (media.isNull())
+    TagLib::FileStream bytes(file.c_str(), true);
+    const std::optional<TagLib::PropertyMap> chunks = chunk_tags(bytes);
+    const bool is_stream = media.isNull() && is_bare_stream(file) && bytes.isOpen();
+    if (media.isNull() && !chunks && !is_stream)
         return std::nullopt;
-    const TagLib::PropertyMap properties = media.file()->properties();
+    TagLib::PropertyMap properties;
+    if (!media.isNull())
+        properties = properties_of(*media.file());
+    if (is_stream)
+        properties = properties_of_stream(file);
+    if (chunks)
+        fill_up(properties, *chunks);
+    TagLib::PropertyMap year;
+    year.insert("DATE", properties["YEAR"]);
+    fill_up(properties, year);
     return audio_tags{
         .song_title = value_of(properties, "TITLE"),
         .album = value_of(properties, "ALBUM"),

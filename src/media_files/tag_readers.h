@@ -13,7 +13,8 @@
 
 namespace tallyframe {
 
-/// Reads the tags out of the file itself: ID3, Vorbis comments, MP4 atoms, RIFF and AIFF chunks.
+/// Reads the tags out of the file itself: ID3, APE, Vorbis comments, atoms of MP4 and QuickTime, the chunks
+/// of WAV, W64, AIFF and CAF, Matroska's. Where a file has several kinds, one fills up what the other lacks.
 class taglib_tag_reader final : public audio_tag_reader {
 public:
     std::optional<audio_tags> tags_of(const std::filesystem::path& file) override;
