@@ -40,7 +40,15 @@ int color_space_of(const AVFrame& frame)
     return frame.width >= 1280 || frame.height >= 720 ? SWS_CS_ITU709 : SWS_CS_ITU601;
 }
 
-pixel_lines lines_of(const AVFrame& frame)
+bool is_gray(AVPixelFormat format)
+{
+    const AVPixFmtDescriptor* descriptor = av_pix_fmt_desc_get(format);
+    constexpr int most_components = 2; // with transparency
+    return descriptor->nb_components <= most_components
+        && (descriptor->flags & (AV_PIX_FMT_FLAG_PAL | AV_PIX_FMT_FLAG_RGB)) == 0;
+}
+
+pixel_lines lines_of(const AVFrame& frame, const track_display& track)
 {
     pixel_lines lines;
     std::copy_n(frame.data, lines.data.size(), lines.data.begin());
@@ -48,7 +56,9 @@ pixel_lines lines_of(const AVFrame& frame)
     lines.size = {frame.width, frame.height};
     lines.format = static_cast<AVPixelFormat>(frame.format);
     lines.color_space = color_space_of(frame);
-    lines.full_range = frame.color_range == AVCOL_RANGE_JPEG;
+    lines.full_range = frame.color_range == AVCOL_RANGE_JPEG
+        || (frame.color_range == AVCOL_RANGE_UNSPECIFIED && track.gray_is_full_range
+            && is_gray(lines.format));
     return lines;
 }
 
@@ -99,7 +109,7 @@ scaler_ptr scaler_to_rgb(const pixel_lines& from, picture_size to)
         return nullptr;
     const int* coefficients = sws_getCoefficients(from.color_space);
     constexpr int neutral = 1 << 16;
-    // It refuses formats without such details, grey and RGB among them, which need none.
+    // It refuses formats without such details, RGB among them, which need none.
     sws_setColorspaceDetails(scaler.get(), coefficients, from.full_range ? 1 : 0, coefficients, 1, 0, neutral,
                              neutral);
     return scaler;
@@ -189,7 +199,7 @@ std::optional<bitmap> displayed_picture(const AVFrame& frame, const track_displa
     const AVPixFmtDescriptor* format = av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format));
     if (format == nullptr)
         return std::nullopt;
-    pixel_lines lines = lines_of(frame);
+    pixel_lines lines = lines_of(frame, track);
     if (has_two_fields(frame, *format))
         lines = first_field(lines, frame.top_field_first != 0);
 

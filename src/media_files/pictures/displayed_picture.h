@@ -25,6 +25,8 @@ orientation orientation_of(const std::int32_t* display_matrix);
 struct track_display {
     AVRational sample_aspect_ratio = {0, 1}; ///< 0 when it says nothing
     orientation turned;
+    bool gray_is_full_range =
+        false; ///< in gray frames that do not say, black is 0: in stills, and films of them
 };
 
 struct picture_size {

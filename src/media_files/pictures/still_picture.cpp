@@ -3,9 +3,11 @@
 
 #include "media_files/pictures/displayed_picture.h"
 #include "media_files/pictures/ffmpeg_handles.h"
+#include "media_files/pictures/tiff_tags.h"
 
 extern "C" {
 #include <libavutil/log.h>
+#include <libavutil/opt.h>
 }
 
 #include <algorithm>
@@ -29,11 +31,18 @@ struct still_kind {
     std::size_t at = 0; ///< where in the file the mark stands
 };
 
-constexpr std::array<still_kind, 14> kinds_by_mark = {{
+constexpr std::array<still_kind, 21> kinds_by_mark = {{
     {AV_CODEC_ID_MJPEG, "\xFF\xD8\xFF"sv},
     {AV_CODEC_ID_PNG, "\x89PNG\r\n\x1A\n"sv},
     {AV_CODEC_ID_TIFF, "II*\0"sv},
     {AV_CODEC_ID_TIFF, "MM\0*"sv},
+    {AV_CODEC_ID_TIFF, "II+\0"sv}, // of over 4 GB: none is read
+    {AV_CODEC_ID_TIFF, "MM\0+"sv},
+    {AV_CODEC_ID_JPEG2000, "\0\0\0\x0CjP  \r\n\x87\n"sv},
+    {AV_CODEC_ID_JPEG2000, "\xFF\x4F\xFF\x51"sv},
+    {AV_CODEC_ID_JPEGXL, "\0\0\0\x0CJXL \r\n\x87\n"sv},
+    {AV_CODEC_ID_JPEGXL, "\xFF\x0A"sv},
+    {AV_CODEC_ID_EXR, "\x76\x2F\x31\x01"sv},
     {AV_CODEC_ID_DPX, "SDPX"sv},
     {AV_CODEC_ID_DPX, "XPDS"sv},
     {AV_CODEC_ID_PSD, "8BPS"sv},
@@ -112,6 +121,8 @@ frame_ptr decoded(AVCodecID id, const AVPacket& packet)
         return nullptr;
     decoder->max_pixels = largest_frame_pixels;
     decoder->thread_count = 1;
+    if (id == AV_CODEC_ID_EXR) // its numbers are amounts of light, not of brightness
+        av_opt_set(decoder->priv_data, "apply_trc", "iec61966_2_1", 0);
     frame_ptr frame(av_frame_alloc());
     const bool is_decoded = frame && avcodec_open2(decoder.get(), codec, nullptr) == 0
         && avcodec_send_packet(decoder.get(), &packet) == 0
@@ -131,11 +142,22 @@ image_data read_still_picture(const std::filesystem::path& file)
 {
     av_log_set_level(AV_LOG_QUIET);
     const packet_ptr packet = whole_file(file);
-    const frame_ptr frame = packet ? decoded(codec_of(file), *packet) : nullptr;
+    if (!packet)
+        return nullptr;
+    const AVCodecID codec = codec_of(file);
+    track_display display;
+    display.gray_is_full_range = true;
+    if (codec == AV_CODEC_ID_TIFF) {
+        const tiff_tags tags = tiff_tags_of({packet->data, static_cast<std::size_t>(packet->size)});
+        if (tags.is_tiled || tags.holds_jpeg) // the decoder would make black of it
+            return nullptr;
+        display.turned = tags.turned;
+    }
+    const frame_ptr frame = decoded(codec, *packet);
     if (!frame)
         return nullptr;
-    const picture_size size = size_within(displayed_size(*frame, {}), largest_thumbnail_side);
-    std::optional<bitmap> picture = displayed_picture(*frame, {}, size);
+    const picture_size size = size_within(displayed_size(*frame, display), largest_thumbnail_side);
+    std::optional<bitmap> picture = displayed_picture(*frame, display, size);
     return picture ? std::make_shared<const bitmap>(std::move(*picture)) : nullptr;
 }
 

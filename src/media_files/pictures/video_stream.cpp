@@ -49,6 +49,23 @@ bool is_intra_only(AVCodecID codec)
     return descriptor != nullptr && (descriptor->props & AV_CODEC_PROP_INTRA_ONLY) != 0;
 }
 
+/// Codecs of stills and of plain pixels, as scanners and renderers write films too.
+bool holds_stills(AVCodecID codec)
+{
+    switch (codec) {
+    case AV_CODEC_ID_JPEG2000:
+    case AV_CODEC_ID_RAWVIDEO:
+    case AV_CODEC_ID_TIFF:
+    case AV_CODEC_ID_DPX:
+    case AV_CODEC_ID_PNG:
+    case AV_CODEC_ID_SGI:
+    case AV_CODEC_ID_TARGA:
+        return true;
+    default:
+        return false;
+    }
+}
+
 orientation track_orientation(AVStream* track)
 {
     std::size_t size = 0;
@@ -199,7 +216,8 @@ void video_stream::choose_track()
     first_tick_ = track_->start_time != AV_NOPTS_VALUE ? track_->start_time : 0;
     next_tick_ = first_tick_;
     usual_duration_ = usual_duration_of(*track_);
-    display_ = {av_guess_sample_aspect_ratio(format_.get(), track_, nullptr), track_orientation(track_)};
+    display_ = {av_guess_sample_aspect_ratio(format_.get(), track_, nullptr), track_orientation(track_),
+                holds_stills(track_->codecpar->codec_id)};
     if (const AVCodec* codec = avcodec_find_decoder(track_->codecpar->codec_id))
         open_decoder(*codec);
 }

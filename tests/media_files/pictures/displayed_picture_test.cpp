@@ -148,6 +148,21 @@ TEST(displayed_picture, stretches_the_narrow_range_of_film_to_the_full_range)
     EXPECT_THAT(color_at(picture, 90, 50), Each(Ge(254)));
 }
 
+TEST(displayed_picture, takes_gray_of_scanned_films_for_the_full_range)
+{
+    const made_media media;
+    for (const std::string format : {"gray", "gray10le", "gray16le"}) {
+        const auto file =
+            media.make("scan.mov",
+                       {"-f", "lavfi", "-i",
+                        "color=black:s=160x96:r=25,format=gray16le,geq=lum='if(lt(X,80),8224,57568)'",
+                        "-frames:v", "1", "-pix_fmt", format, "-c:v", "jpeg2000"});
+        const bitmap picture = first_frame(file, 80);
+        EXPECT_NEAR(color_at(picture, 20, 50)[0], 32, 8) << format << ", not 19";
+        EXPECT_NEAR(color_at(picture, 80, 50)[0], 224, 8) << format << ", not 242";
+    }
+}
+
 TEST(displayed_picture, puts_black_behind_what_is_transparent)
 {
     const made_media media;
