@@ -74,9 +74,13 @@ pixel_lines first_field(pixel_lines lines, bool top_field_first)
     return lines;
 }
 
-bool has_two_fields(const AVFrame& frame, const AVPixFmtDescriptor& format)
+first_lines first_lines_of(const AVFrame& frame, const track_display& track, const AVPixFmtDescriptor& format)
 {
-    return frame.interlaced_frame != 0 && frame.height >= 4 && (format.flags & AV_PIX_FMT_FLAG_PAL) == 0;
+    if (frame.height < 4 || (format.flags & AV_PIX_FMT_FLAG_PAL) != 0)
+        return first_lines::all;
+    if (frame.interlaced_frame == 0)
+        return track.first;
+    return frame.top_field_first != 0 ? first_lines::upper : first_lines::lower;
 }
 
 bool is_reasonable(picture_size size)
@@ -200,8 +204,9 @@ std::optional<bitmap> displayed_picture(const AVFrame& frame, const track_displa
     if (format == nullptr)
         return std::nullopt;
     pixel_lines lines = lines_of(frame, track);
-    if (has_two_fields(frame, *format))
-        lines = first_field(lines, frame.top_field_first != 0);
+    const first_lines first = first_lines_of(frame, track, *format);
+    if (first != first_lines::all)
+        lines = first_field(lines, first == first_lines::upper);
 
     const orientation turn = frame_orientation(frame, track);
     if (turn.swaps_axes)

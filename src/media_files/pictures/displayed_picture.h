@@ -21,10 +21,14 @@ struct orientation {
 /// From a display matrix of nine numbers (quarter turns and mirrors; other angles go to the nearest turn).
 orientation orientation_of(const std::int32_t* display_matrix);
 
+/// Which lines of an interlaced frame are shown first.
+enum class first_lines { all, upper, lower };
+
 /// What the container says about all frames of a track.
 struct track_display {
     AVRational sample_aspect_ratio = {0, 1}; ///< 0 when it says nothing
     orientation turned;
+    first_lines first = first_lines::all; ///< where the frames do not say that they are interlaced
     bool gray_is_full_range =
         false; ///< in gray frames that do not say, black is 0: in stills, and films of them
 };

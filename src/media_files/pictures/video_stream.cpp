@@ -129,6 +129,24 @@ media_time counted_time(media_time time, AVRational counted)
     return own;
 }
 
+/// Where every frame stands alone, its codec may not know of fields: photo-JPEG never does. The others say of
+/// each frame what it is.
+first_lines first_lines_of(const AVCodecParameters& codec)
+{
+    if (!is_intra_only(codec.codec_id))
+        return first_lines::all;
+    switch (codec.field_order) {
+    case AV_FIELD_TT:
+    case AV_FIELD_BT: // stored the other way round
+        return first_lines::upper;
+    case AV_FIELD_BB:
+    case AV_FIELD_TB:
+        return first_lines::lower;
+    default:
+        return first_lines::all;
+    }
+}
+
 std::int64_t usual_duration_of(const AVStream& track)
 {
     const AVRational rate = track.avg_frame_rate.num > 0 ? track.avg_frame_rate : track.r_frame_rate;
@@ -217,7 +235,7 @@ void video_stream::choose_track()
     next_tick_ = first_tick_;
     usual_duration_ = usual_duration_of(*track_);
     display_ = {av_guess_sample_aspect_ratio(format_.get(), track_, nullptr), track_orientation(track_),
-                holds_stills(track_->codecpar->codec_id)};
+                first_lines_of(*track_->codecpar), holds_stills(track_->codecpar->codec_id)};
     if (const AVCodec* codec = avcodec_find_decoder(track_->codecpar->codec_id))
         open_decoder(*codec);
 }

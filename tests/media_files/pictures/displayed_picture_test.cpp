@@ -29,6 +29,8 @@ bitmap first_frame(const std::filesystem::path& path, int width)
     return file->frame_at({0, 1}, width, {nobody, nobody}).value();
 }
 
+using encoding = std::vector<std::string>;
+
 /// Red above left, green above right, blue below left, white below right.
 const std::string quarters =
     "color=white:s=160x96:r=25,drawbox=0:0:80:48:red:fill,drawbox=80:0:80:48:lime:fill,"
@@ -109,6 +111,35 @@ TEST(displayed_picture, shows_one_field_of_an_interlaced_frame)
     const bitmap picture = first_frame(file, 160);
     EXPECT_EQ(picture.height, 96);
     EXPECT_THAT(picture.rgb, Each(Ge(240)));
+}
+
+TEST(displayed_picture, shows_one_field_where_only_the_container_knows_of_two)
+{
+    const made_media media;
+    struct woven {
+        const char* order;
+        const char* lines; ///< which the first picture, white, is woven into
+    };
+    for (const auto& [order, lines] : {woven{"tt", "interleave_top"}, woven{"bb", "interleave_bottom"}}) {
+        for (const encoding& codec :
+             {encoding{"mjpeg", "-q:v", "2", "-pix_fmt", "yuvj422p"}, encoding{"prores_ks"}}) {
+            encoding arguments = {
+                "-f",
+                "lavfi",
+                "-i",
+                "color=white:s=160x96:r=50,geq=lum='if(mod(N,2),16,235)':cb=128:cr=128,tinterlace="
+                    + std::string(lines) + ",setfield=prog",
+                "-frames:v",
+                "1",
+                "-field_order",
+                order,
+                "-c:v"};
+            arguments.insert(arguments.end(), codec.begin(), codec.end());
+            const bitmap picture = first_frame(media.make("woven.mov", arguments), 160);
+            EXPECT_EQ(picture.height, 96);
+            EXPECT_THAT(picture.rgb, Each(Ge(240))) << order << ' ' << codec.front();
+        }
+    }
 }
 
 TEST(displayed_picture, keeps_the_colors_of_formats_of_ten_bits)
