@@ -108,7 +108,7 @@ bool video_file::reads_on_to(std::int64_t tick) const
     if (tick < from)
         return is_first_;
     const std::int64_t distance = tick - from;
-    if (distance <= near_frames * stream_->usual_duration())
+    if (stream_->is_joined() || distance <= near_frames * stream_->usual_duration())
         return true;
     if (const auto key_frame = stream_->key_frame_at_or_before(tick); key_frame && *key_frame > from)
         return false;

@@ -37,6 +37,68 @@ int stop_when_over(void* limit)
     return static_cast<const time_limit*>(limit)->is_over() ? 1 : 0;
 }
 
+/// Null when it is no media file.
+format_context_ptr opened_input(const std::filesystem::path& file, const time_limit& limit)
+{
+    av_log_set_level(AV_LOG_QUIET); // what a file suffers from is not for the user's terminal
+    const std::string url = "file:" + file.string();
+    AVFormatContext* format = avformat_alloc_context();
+    if (format == nullptr)
+        throw std::bad_alloc();
+    // Handed back to stop_when_over, which only reads it.
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast)
+    format->interrupt_callback = {stop_when_over, const_cast<time_limit*>(&limit)};
+    AVDictionary* options = nullptr;
+    const bool is_confined = av_dict_set(&options, "format_whitelist", container_formats, 0) >= 0
+        && av_dict_set(&options, "protocol_whitelist", "file", 0) >= 0;
+    if (is_confined)
+        avformat_open_input(&format, url.c_str(), nullptr, &options); // null when it fails
+    av_dict_free(&options);
+    format_context_ptr owned(format);
+    if (!is_confined)
+        throw std::bad_alloc();
+    return owned;
+}
+
+/// The time of the first video packet behind a place in a file.
+std::optional<std::int64_t> tick_behind(AVFormatContext& format, std::int64_t place)
+{
+    constexpr int most_packets = 2000;
+    if (av_seek_frame(&format, -1, place, AVSEEK_FLAG_BYTE) < 0)
+        return std::nullopt;
+    const packet_ptr packet(av_packet_alloc());
+    for (int i = 0; packet && i < most_packets && av_read_frame(&format, packet.get()) >= 0; ++i) {
+        const AVStream& track = *format.streams[packet->stream_index];
+        const std::int64_t tick = packet->pts;
+        av_packet_unref(packet.get());
+        if (track.codecpar->codec_type == AVMEDIA_TYPE_VIDEO && tick != AV_NOPTS_VALUE)
+            return tick;
+    }
+    return std::nullopt;
+}
+
+/// Whether a transport stream is several, one after the other, so that times come again: looks at some
+/// places.
+bool is_joined_of_parts(const std::filesystem::path& file, const time_limit& limit)
+{
+    constexpr std::int64_t ticks_per_second = 90'000;
+    constexpr std::int64_t half_of_all_ticks = std::int64_t{1}
+        << 32; // an earlier time may count as a later one
+    constexpr int places = 64;
+    const format_context_ptr format = opened_input(file, limit);
+    if (!format)
+        return false;
+    const std::int64_t size = avio_size(format->pb);
+    std::optional<std::int64_t> before;
+    for (int i = 0; i < places; ++i) {
+        const std::optional<std::int64_t> tick = tick_behind(*format, size / places * i);
+        if (before && tick && (*tick < *before - ticks_per_second || *tick > *before + half_of_all_ticks))
+            return true;
+        before = tick ? tick : before;
+    }
+    return false;
+}
+
 bool is_video(const AVStream& track)
 {
     constexpr int not_moving = AV_DISPOSITION_ATTACHED_PIC | AV_DISPOSITION_TIMED_THUMBNAILS;
@@ -180,7 +242,11 @@ video_stream::video_stream(format_context_ptr format, const time_limit& limit)
 std::unique_ptr<video_stream> video_stream::open(const std::filesystem::path& file, const time_limit& limit)
 {
     std::unique_ptr<video_stream> stream = open_as_stored(file, limit);
-    if (!stream || !stream->has_video() || !stream->begins_without_time())
+    if (!stream || !stream->has_video())
+        return stream;
+    if (stream->format_->iformat->name == std::string_view("mpegts"))
+        stream->is_joined_ = is_joined_of_parts(file, limit);
+    if (!stream->begins_without_time())
         return stream;
     const std::optional<std::int64_t> first_decoded = stream->first_decode_tick();
     const std::optional<std::int64_t> first_tick = stream->counted_first_tick();
@@ -193,26 +259,10 @@ std::unique_ptr<video_stream> video_stream::open(const std::filesystem::path& fi
 std::unique_ptr<video_stream> video_stream::open_as_stored(const std::filesystem::path& file,
                                                            const time_limit& limit)
 {
-    av_log_set_level(AV_LOG_QUIET); // what a file suffers from is not for the user's terminal
-    const std::string url = "file:" + file.string();
-    AVFormatContext* format = avformat_alloc_context();
-    if (format == nullptr)
-        throw std::bad_alloc();
-    // Handed back to stop_when_over, which only reads it.
-    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast)
-    format->interrupt_callback = {stop_when_over, const_cast<time_limit*>(&limit)};
-    AVDictionary* options = nullptr;
-    const bool is_confined = av_dict_set(&options, "format_whitelist", container_formats, 0) >= 0
-        && av_dict_set(&options, "protocol_whitelist", "file", 0) >= 0;
-    if (is_confined)
-        avformat_open_input(&format, url.c_str(), nullptr, &options); // null when it fails
-    av_dict_free(&options);
-    format_context_ptr owned(format);
-    if (!is_confined)
-        throw std::bad_alloc();
-    if (!owned || avformat_find_stream_info(format, nullptr) < 0)
+    format_context_ptr format = opened_input(file, limit);
+    if (!format || avformat_find_stream_info(format.get(), nullptr) < 0)
         return nullptr;
-    return std::unique_ptr<video_stream>(new video_stream(std::move(owned), limit));
+    return std::unique_ptr<video_stream>(new video_stream(std::move(format), limit));
 }
 
 void video_stream::choose_track()
@@ -345,7 +395,7 @@ bool video_stream::index_reaches(std::int64_t tick) const
 
 bool video_stream::seek(std::int64_t goal, std::int64_t latest)
 {
-    if (av_seek_frame(format_.get(), track_->index, goal, AVSEEK_FLAG_BACKWARD) < 0)
+    if (is_joined_ || av_seek_frame(format_.get(), track_->index, goal, AVSEEK_FLAG_BACKWARD) < 0)
         return false;
     avcodec_flush_buffers(decoder_.get());
     packet_waits_ = false;
@@ -405,10 +455,16 @@ bool video_stream::can_leave_out(const AVPacket& packet) const
     return needed == needed_->end() || *needed >= latest_start_;
 }
 
-/// Without a time stamp a frame follows on the one before it.
-std::optional<std::int64_t> video_stream::start_of(const AVFrame& frame) const
+/// Without a time stamp a frame follows on the one before it, and so does the first one of a further part.
+std::optional<std::int64_t> video_stream::start_of(const AVFrame& frame)
 {
-    return frame.pts != AV_NOPTS_VALUE ? std::optional(frame.pts) : next_tick_;
+    if (frame.pts == AV_NOPTS_VALUE)
+        return next_tick_;
+    const std::int64_t start = frame.pts + part_delay_;
+    if (!is_joined_ || !next_tick_ || std::abs(start - *next_tick_) < ticks_of_seconds(1))
+        return start;
+    part_delay_ += *next_tick_ - start;
+    return next_tick_;
 }
 
 timed_frame video_stream::next()

@@ -62,6 +62,10 @@ public:
     /// Whether the index lists what lies around a tick.
     bool index_reaches(std::int64_t tick) const;
 
+    /// Whether the file is several streams joined end to end, whose times come again: only its start can be
+    /// found, and each part goes on where the one before it ends.
+    bool is_joined() const { return is_joined_; }
+
     /// Goes to the last key frame before `goal`, or, where the file has no index, to the first one after it.
     /// False when that comes after `latest`; the next frame is then anyone's guess.
     bool seek(std::int64_t goal, std::int64_t latest);
@@ -88,13 +92,16 @@ private:
     bool read_packet();
     void feed_decoder();
     bool can_leave_out(const AVPacket& packet) const;
-    std::optional<std::int64_t> start_of(const AVFrame& frame) const;
+    std::optional<std::int64_t> start_of(const AVFrame& frame);
 
     const time_limit& limit_;
     format_context_ptr format_;
     AVStream* track_ = nullptr;
     codec_context_ptr decoder_;
     packet_ptr packet_;
+    bool is_joined_ = false;
+    std::int64_t part_delay_ =
+        0; ///< from the times of a joined stream's part at hand to those it is shown at
     bool packet_waits_ = false; ///< read by a seek, and not decoded yet
     std::int64_t first_tick_ = 0; ///< of the media, its time 0
     std::int64_t display_delay_ =

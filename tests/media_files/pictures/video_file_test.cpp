@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "media_files/pictures/video_file.h"
 #include "support/made_media.h"
+#include "support/small_files.h"
 
 #include <gtest/gtest.h>
 
@@ -167,6 +168,39 @@ TEST(video_file, counts_time_from_the_first_frame_of_a_file_that_starts_later)
     EXPECT_EQ(frame_shown(*film.file, {0, 1}), 0);
     EXPECT_EQ(frame_shown(*film.file, {17, 25}), 17);
     EXPECT_EQ(frame_shown(*film.file, {3, 25}), 3);
+}
+
+TEST(video_file, counts_from_the_first_frame_of_a_film_that_begins_with_an_empty_edit)
+{
+    const made_media media;
+    const std::filesystem::path whole = media.film("whole.mov", "25", 60, long_gop);
+    const opened_film film =
+        opened(media.make("late.mov",
+                          {"-itsoffset", "0.4", "-i", whole.string(), "-f", "lavfi", "-i", "sine=duration=3",
+                           "-map", "0", "-map", "1", "-c:v", "copy"}));
+    for (const int frame : {0, 1, 40, 59, 7})
+        EXPECT_EQ(frame_shown(*film.file, {frame, 25}), frame);
+}
+
+TEST(video_file, goes_on_counting_through_joined_transport_streams)
+{
+    const made_media media;
+    const std::string part = content_of(media.film("part.ts", "25", 60, long_gop));
+    const std::filesystem::path late = media.film("late.ts", "25", 60, [] {
+        encoding arguments = long_gop;
+        arguments.insert(arguments.end(), {"-output_ts_offset", "5000"});
+        return arguments;
+    }());
+    const std::filesystem::path joined[] = {
+        write_file(media.folder() / "thrice.ts", part + part + part),
+        write_file(media.folder() / "earlier.ts", content_of(late) + part),
+        write_file(media.folder() / "later.ts", part + part + content_of(late)),
+    };
+    for (const std::filesystem::path& file : joined) {
+        const opened_film film = opened(file);
+        for (const int frame : {0, 1, 59, 60, 61, 100, 119, 30, 75})
+            EXPECT_EQ(frame_shown(*film.file, {frame, 25}), frame % 60) << file << ' ' << frame;
+    }
 }
 
 TEST(video_file, follows_the_edit_list_of_a_film_cut_without_a_new_encoding)
