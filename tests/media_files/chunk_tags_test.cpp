@@ -145,8 +145,8 @@ TEST(chunk_tags, are_the_tags_of_matroska)
     };
     const std::string segment = element("\x15\x49\xA9\x66", element("\x7B\xA9", "Morning"))
         + element("\x12\x54\xC3\x67",
-                  element("\x73\x73", level(50) + tag("TITLE", "Weather") + tag("DATE_RELEASED", "1999"))
-                      + element("\x73\x73", level(30) + tag("TITLE", "Second") + tag("PART_NUMBER", "7")));
+                  element("ss", level(50) + tag("TITLE", "Weather") + tag("DATE_RELEASED", "1999"))
+                      + element("ss", level(30) + tag("TITLE", "Second") + tag("PART_NUMBER", "7")));
     const auto expected = ElementsAre(Pair("ALBUM", "Weather"), Pair("DATE", "1999"),
                                       Pair("TITLE", "Morning"), Pair("TRACKNUMBER", "7"));
     const std::string head = element("\x1A\x45\xDF\xA3", "matroska");

@@ -269,7 +269,8 @@ TEST(video_file, shows_the_frame_of_that_number_to_the_end_of_a_day)
 {
     const made_media media;
     for (const nearly_equal_rate& tested : nearly_equal_rates) {
-        const std::int64_t last = 24 * 60 * 60 * tested.frame.timescale / tested.frame.value - 1;
+        constexpr std::int64_t day = 86400; // seconds
+        const std::int64_t last = day * tested.frame.timescale / tested.frame.value - 1;
         // Six frames at the beginning, a long gap, and six at the end.
         const std::string filter = numbered_frames(tested.rate) + ",setpts='round((N+if(lt(N,6),0,"
             + std::to_string(last - 11) + "))/(" + tested.rate + ")/TB)'";
@@ -289,18 +290,17 @@ TEST(video_file, shows_the_frame_of_that_number_whatever_the_container)
 {
     const made_media media;
     constexpr int last = 25000; // a frame early by time alone from 20010 on
-    const auto avi =
-        media.make("film.avi",
-                   {"-f", "lavfi", "-i",
-                    "color=black:s=20x4:r=2997/100,format=gray,"
-                    "geq=lum='if(mod(floor(N/pow(2,floor(X/2))),2),255,0)'",
-                    "-frames:v", std::to_string(last + 1), "-c:v", "rawvideo", "-pix_fmt", "uyvy422"});
+    const std::string frames = "color=black:s=20x4:r=2997/100,format=gray,"
+                               "geq=lum='if(mod(floor(N/pow(2,floor(X/2))),2),255,0)'";
+    const auto avi = media.make("film.avi",
+                                {"-f", "lavfi", "-i", frames, "-frames:v", std::to_string(last + 1), "-c:v",
+                                 "rawvideo", "-pix_fmt", "uyvy422"});
     const auto mov = media.make("film.mov", {"-i", avi.string(), "-c", "copy"});
     const auto mkv = media.make("film.mkv", {"-i", avi.string(), "-c", "copy"});
     for (const auto& file : {avi, mov, mkv}) {
         const opened_film film = opened(file);
         for (const int frame : {last, 20010, 20011, 1, 12345})
-            EXPECT_EQ(frame_shown(*film.file, {frame * 1001, 30000}), frame % 1024) << file;
+            EXPECT_EQ(frame_shown(*film.file, {std::int64_t{frame} * 1001, 30000}), frame % 1024) << file;
     }
 }
 
@@ -308,9 +308,9 @@ TEST(video_file, goes_by_time_where_the_rates_differ)
 {
     const made_media media;
     const opened_film film = opened(media.film("film.avi", "25", 60, {"-c:v", "mjpeg", "-q:v", "3"}));
-    EXPECT_EQ(frame_shown(*film.file, {30 * 1001, 30000}), 25);
-    EXPECT_EQ(frame_shown(*film.file, {29 * 1001, 30000}), 24);
-    EXPECT_EQ(frame_shown(*film.file, {60 * 1001, 60000}), 25);
+    EXPECT_EQ(frame_shown(*film.file, {30030, 30000}), 25);
+    EXPECT_EQ(frame_shown(*film.file, {29029, 30000}), 24);
+    EXPECT_EQ(frame_shown(*film.file, {60060, 60000}), 25);
 }
 
 TEST(video_file, shows_nothing_after_the_last_frame)
