@@ -333,11 +333,11 @@ TagLib::PropertyMap quicktime_tags(chunked_file& file)
             if (part.id != "udta")
                 return;
             for_each_chunk(file, atom_head, part.body, part.end, [&](const chunk& text) {
-                const std::string bytes = file.bytes(text.body, text.end - text.body);
-                const auto size = static_cast<std::size_t>(number_in(bytes, 0, 2).value_or(0));
-                if (const char* property = property_of(text.id, quicktime_names);
-                    property && bytes.size() > 4)
-                    add(tags, property, text_in(std::string_view(bytes).substr(4, size)));
+                const char* property = property_of(text.id, quicktime_names);
+                const std::string bytes = property != nullptr ? file.bytes_of(text) : std::string();
+                if (const auto size = number_in(bytes, 0, 2); size && bytes.size() > 4)
+                    add(tags, property,
+                        text_in(std::string_view(bytes).substr(4, static_cast<std::size_t>(*size))));
             });
         });
     });
