@@ -27,19 +27,36 @@ std::optional<folder_entry> folder_reader::next()
             break;
         const std::string_view name = entry->d_name;
         if (name != "." && name != "..")
-            return folder_entry{std::string(name), is_folder(*entry)};
+            return folder_entry{std::string(name), kind_of(*entry)};
     }
     return std::nullopt;
 }
 
-/// Not every file system says so beside the name.
-bool folder_reader::is_folder(const dirent& entry) const
+std::pair<dev_t, ino_t> folder_reader::identity() const
 {
-    if (entry.d_type != DT_UNKNOWN)
-        return entry.d_type == DT_DIR;
     struct stat status { };
-    return fstatat(dirfd(entries_.get()), entry.d_name, &status, AT_SYMLINK_NOFOLLOW) == 0
-        && S_ISDIR(status.st_mode);
+    if (entries_)
+        fstat(dirfd(entries_.get()), &status);
+    return {status.st_dev, status.st_ino};
+}
+
+/// Not every file system says so beside the name.
+folder_entry::kind folder_reader::kind_of(const dirent& entry) const
+{
+    struct stat status { };
+    unsigned char type = entry.d_type;
+    if (type == DT_UNKNOWN && fstatat(dirfd(entries_.get()), entry.d_name, &status, AT_SYMLINK_NOFOLLOW) == 0)
+        type = static_cast<unsigned char>(IFTODT(status.st_mode));
+    switch (type) {
+    case DT_REG:
+        return folder_entry::kind::file;
+    case DT_DIR:
+        return folder_entry::kind::folder;
+    case DT_LNK:
+        return folder_entry::kind::link;
+    default:
+        return folder_entry::kind::other;
+    }
 }
 
 void folder_reader::fail(int number)

@@ -8,12 +8,15 @@
 #include <optional>
 #include <string>
 #include <system_error>
+#include <utility>
 
 namespace tallyframe {
 
 struct folder_entry {
+    enum class kind { file, folder, link, other };
+
     std::string name;
-    bool is_folder = false; ///< itself: a link to a folder is none
+    kind is = kind::other; ///< of itself: a link to a folder is a link
 };
 
 /// Reads a folder entry by entry, "." and ".." left out.
@@ -27,6 +30,9 @@ public:
     /// Nothing at the end, and when the folder cannot be read: `error` tells them apart.
     std::optional<folder_entry> next();
 
+    /// What the folder is called by the system, whatever path leads to it: its device and its number there.
+    std::pair<dev_t, ino_t> identity() const;
+
     /// Why reading ended before the end of the folder.
     const std::error_code& error() const { return error_; }
 
@@ -35,7 +41,7 @@ private:
         void operator()(DIR* entries) const { closedir(entries); }
     };
 
-    bool is_folder(const dirent& entry) const;
+    folder_entry::kind kind_of(const dirent& entry) const;
     void fail(int number);
 
     std::unique_ptr<DIR, closer> entries_;

@@ -11,7 +11,7 @@ namespace tallyframe {
 
 namespace {
 
-constexpr std::size_t longest_example = 200; ///< bytes
+constexpr std::size_t longest_example = 500; ///< bytes
 
 /// `several` has the count in place of "{}".
 struct loss_sentence {
@@ -31,12 +31,21 @@ constexpr std::array<loss_sentence, loss_kind_count> sentences = {{
      "{} texts were cut at the 32,767 characters that a cell takes"},
     {loss_kind::missing_media, "1 media file was not found", "{} media files were not found"},
     {loss_kind::unreadable_media, "1 media file could not be read", "{} media files could not be read"},
-    {loss_kind::missing_pictures, "1 row shows a placeholder instead of a picture",
-     "{} rows show a placeholder instead of a picture"},
+    {loss_kind::missing_pictures, "1 row shows a placeholder, because its media was not found",
+     "{} rows show a placeholder, because their media was not found"},
+    {loss_kind::unreadable_pictures, "1 row shows a placeholder, because its media could not be read",
+     "{} rows show a placeholder, because their media could not be read"},
     {loss_kind::unmade_pictures,
      "1 row has no picture, because the folder for temporary files takes none: set TMPDIR to another folder",
      "{} rows have no picture, because the folder for temporary files takes none: set TMPDIR to another "
      "folder"},
+    {loss_kind::guessed_media,
+     "1 media file was found more than once, nothing told which is meant, and the first was taken",
+     "{} media files were found more than once, nothing told which are meant, and the first were taken"},
+    {loss_kind::unused_maps, "1 mapping of media folders fits no file of the document",
+     "{} mappings of media folders fit no file of the document"},
+    {loss_kind::absent_map_folders, "1 mapping of media folders leads to a folder that is not there",
+     "{} mappings of media folders lead to folders that are not there"},
     {loss_kind::unread_folders, "1 folder could not be searched for media",
      "{} folders could not be searched for media"},
     {loss_kind::absent_pictures, "1 row is without its picture, which could not be made",

@@ -17,10 +17,15 @@ enum class loss_kind {
     cut_texts, ///< texts that end at a cell's 32,767 characters; examples: "SHEET, row N"
     missing_media, ///< media files that are not there; examples: their paths
     unreadable_media, ///< media files that are there and gave no picture; examples: their paths
-    missing_pictures, ///< rows that show a placeholder
+    missing_pictures, ///< rows that show a placeholder, as their media is missing; examples: "row N, CLIP"
+    unreadable_pictures, ///< rows that show one, as their media cannot be read; examples: "row N, CLIP"
     unmade_pictures, ///< rows without a picture, because there is no place for temporary files
+    guessed_media, ///< media files with several of their name, where nothing told which; examples: which
+    unused_maps, ///< mappings of folders in which the document has no file; examples: "FROM=TO"
+    absent_map_folders, ///< mappings to folders that are not there; examples: "FROM=TO"
     unread_folders, ///< folders below --media-search that could not be read; examples: their paths
-    absent_pictures, ///< rows whose picture could not be made or stored, and that show none
+    absent_pictures, ///< rows whose picture could not be made or stored, and that show none; examples
+                     ///< likewise
     supplied_facts, ///< what the sequence lacked and was supplied; examples: "its rate: 25"
     nested_sequences, ///< clip items that are sequences without a media file; examples: "NAME on V2"
     clips_without_media, ///< clip items whose media file the document does not tell
@@ -28,7 +33,7 @@ enum class loss_kind {
     overlapped_clips, ///< clips that a later one of their track covers
     further_channels, ///< clip items of tracks that hold another channel of the track before
 };
-inline constexpr std::size_t loss_kind_count = 16;
+inline constexpr std::size_t loss_kind_count = 20;
 
 /// How much was lost of one kind.
 struct loss {

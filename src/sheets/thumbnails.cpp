@@ -152,6 +152,12 @@ void write_jpeg(const bitmap& picture, const std::filesystem::path& jpeg, thumbn
     run.pictures.write_to_file(run.pictures.jpeg_representation(picture, jpeg_compression_factor), jpeg);
 }
 
+/// "Interview, row 2": as a user counts them.
+std::string row_of(const clip_record& clip, std::size_t row)
+{
+    return fmt::format("{}, row {}", clip.name.value_or(""), row + 1);
+}
+
 void note_unreadable(const std::string& path, thumbnail_run& run)
 {
     if (run.unreadable_files.insert(path).second)
@@ -179,6 +185,9 @@ std::optional<row_picture> make_picture(const clip_record& clip, std::size_t row
         write_jpeg(*picture, jpeg, run);
     if (!std::filesystem::exists(jpeg))
         return std::nullopt;
+    if (obtained.is_placeholder)
+        run.lost.add(obtained.file_is_there ? loss_kind::unreadable_pictures : loss_kind::missing_pictures, 1,
+                     row_of(clip, row));
     const double points = static_cast<double>(*run.thumbnail_height) * points_per_pixel;
     return row_picture{jpeg, points, obtained.is_placeholder};
 }
@@ -214,10 +223,8 @@ std::optional<row_picture> make_thumbnail(const clip_record& clip, std::size_t r
     run.current_thumbnail_clip.reset();
     if (made)
         run.cleanup_jpegs.push_back(made->jpeg);
-    if (made && made->is_placeholder)
-        run.lost.add(loss_kind::missing_pictures);
     if (!made && clip.image_time)
-        run.lost.add(loss_kind::absent_pictures);
+        run.lost.add(loss_kind::absent_pictures, 1, row_of(clip, row));
     return made;
 }
 

@@ -35,12 +35,15 @@ TEST(account, tells_each_kind_in_its_order_with_the_first_examples)
 TEST(account, tells_rows_with_a_placeholder_from_rows_with_nothing)
 {
     account lost;
-    lost.add(loss_kind::missing_pictures, 3);
+    lost.add(loss_kind::missing_pictures, 3, "Interview, row 2");
+    lost.add(loss_kind::unreadable_pictures, 1, "Harbour, row 7");
     lost.add(loss_kind::absent_pictures, 1);
     lost.add(loss_kind::absent_pictures, 1);
-    EXPECT_THAT(sentences_of(lost),
-                ElementsAre("3 rows show a placeholder instead of a picture.",
-                            "2 rows are without their pictures, which could not be made."));
+    EXPECT_THAT(
+        sentences_of(lost),
+        ElementsAre("3 rows show a placeholder, because their media was not found (Interview, row 2, …).",
+                    "1 row shows a placeholder, because its media could not be read (Harbour, row 7).",
+                    "2 rows are without their pictures, which could not be made."));
 }
 
 TEST(account, shows_names_that_would_forge_a_line)

@@ -553,7 +553,9 @@ TEST_F(losses_of_thumbnails, are_the_rows_with_a_placeholder_and_the_files_that_
     add(clip("Clip", "/broken.mov"));
     EXPECT_THAT(sentences_of(run.lost),
                 ElementsAre("1 media file could not be read (/broken.mov).",
-                            "3 rows show a placeholder instead of a picture."));
+                            "1 row shows a placeholder, because its media was not found (Clip, row 2).",
+                            "2 rows show a placeholder, because their media could not be read (Clip, row 3, "
+                            "Clip, row 4)."));
 }
 
 TEST_F(losses_of_thumbnails, are_the_rows_that_show_nothing)
@@ -565,7 +567,8 @@ TEST_F(losses_of_thumbnails, are_the_rows_that_show_nothing)
     add(clip());
     EXPECT_THAT(sentences_of(run.lost),
                 ElementsAre("1 media file could not be read (/broken.mov).",
-                            "2 rows are without their pictures, which could not be made."));
+                            "2 rows are without their pictures, which could not be made (Clip, row 2, Clip, "
+                            "row 3)."));
 }
 
 TEST_F(thumbnails, are_deleted_when_they_were_inserted)

@@ -19,7 +19,7 @@ TEST(saved_banner, tells_what_the_workbook_lost)
     const auto* losses = banner.findChild<QLabel*>("savedLosses");
     EXPECT_EQ(losses->text(),
               "2 media files were not found (/Volumes/A/<b>one</b>.mov, /Volumes/A/two.mov).\n"
-              "3 rows show a placeholder instead of a picture.");
+              "3 rows show a placeholder, because their media was not found.");
     EXPECT_EQ(losses->textFormat(), Qt::PlainText);
     EXPECT_TRUE(losses->isVisible());
     banner.show_saved("/reports/cut.xls", {});
