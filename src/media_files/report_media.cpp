@@ -8,7 +8,7 @@ namespace tallyframe {
 report_media::report_media(const media_choice& choice, diagnostics& out, progress& display)
     : wants_pictures_(choice.wants_pictures), keeps_pictures_(choice.keeps_pictures),
       is_asked_for_(choice.wants_pictures || !choice.map.empty() || !choice.search.empty()),
-      locator_(choice.map, choice.search, out, display), tags_(tag_reader_of_this_system()),
+      locator_(choice.map, choice.search, out, display, &probe_), tags_(tag_reader_of_this_system()),
       pictures_(wants_pictures_ ? load_thumbnailer(out) : nullptr)
 {
 }
@@ -22,7 +22,7 @@ std::optional<thumbnail_folder> report_media::folder_for(const std::filesystem::
 
 media_services report_media::services(std::optional<thumbnail_folder>& folder)
 {
-    return {locator_, tags_, pictures_.get(), folder ? &*folder : nullptr, is_asked_for_};
+    return {locator_, tags_, pictures_.get(), folder ? &*folder : nullptr, is_asked_for_, &probe_};
 }
 
 } // namespace tallyframe

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "media_files/mapped_media.h"
+#include "media_files/media_probe_module.h"
 #include "media_files/tag_readers.h"
 #include "media_files/thumbnail_folder.h"
 #include "platform/media_services.h"
@@ -36,13 +37,15 @@ public:
     /// `folder`: what folder_for gave.
     media_services services(std::optional<thumbnail_folder>& folder);
 
-    /// What was lost on the way to the media, in all reports so far: folders that could not be searched.
+    /// What was lost on the way to the media, in all reports so far: folders that could not be searched,
+    /// mappings without use, files that had to be guessed.
     account losses() const { return locator_.losses(); }
 
 private:
     bool wants_pictures_;
     bool keeps_pictures_;
     bool is_asked_for_; ///< whoever wants no pictures and names no folders may well have no media
+    module_media_probe probe_;
     mapped_media locator_;
     remembered_tags tags_;
     std::unique_ptr<thumbnailer> pictures_;

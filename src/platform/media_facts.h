@@ -6,18 +6,18 @@
 
 namespace tallyframe {
 
-struct picture_size {
+struct pixel_size {
     int width = 0; ///< pixels
     int height = 0;
 
-    bool operator==(const picture_size&) const = default;
+    bool operator==(const pixel_size&) const = default;
 };
 
 /// What a document says of a media file, or what the file says of itself, as far as it does.
 struct media_facts {
     std::optional<double> duration; ///< seconds
     std::optional<double> frames_per_second; ///< of the pictures
-    std::optional<picture_size> frame_size; ///< as stored: anamorphic pictures are not stretched
+    std::optional<pixel_size> frame_size; ///< as stored: anamorphic pictures are not stretched
     std::string start_timecode; ///< "01:00:00:00", "01:00:00;00"; empty where none is noted
     std::optional<double> start_seconds; ///< since midnight, as sound recorders note the start
     std::optional<int> audio_channels; ///< of all sound tracks together

@@ -3,6 +3,7 @@
 
 #include "platform/audio_tag_reader.h"
 #include "platform/media_locator.h"
+#include "platform/media_probe.h"
 #include "platform/thumbnailer.h"
 
 namespace tallyframe {
@@ -16,6 +17,7 @@ struct media_services {
     thumbnailer* pictures = nullptr; ///< null unless in-point thumbnails are wanted
     thumbnail_folder* folder = nullptr; ///< null unless in-point thumbnails are wanted
     bool is_asked_for = false; ///< the user wants media looked at: a file that is not there is a loss
+    media_probe* probe = nullptr; ///< null: nothing is known of what is in the files
 };
 
 } // namespace tallyframe

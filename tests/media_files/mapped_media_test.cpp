@@ -296,7 +296,7 @@ public:
         ++calls;
         std::istringstream text(content_of(file));
         media_facts facts;
-        picture_size size;
+        pixel_size size;
         double duration = 0;
         double rate = 0;
         char by = 0;
@@ -324,7 +324,7 @@ protected:
         media_facts said;
         said.duration = 10;
         said.frames_per_second = 25;
-        said.frame_size = picture_size{1920, 1080};
+        said.frame_size = pixel_size{1920, 1080};
         const std::vector<documented_media> files = {{path, said}};
         mapped_media media({}, {place("search")}, out_, display_, &probe_);
         media.expect(files);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "media_files/pictures/video_stream.h"
 
+#include "media_files/pictures/container_formats.h"
+
 extern "C" {
 #include <libavutil/log.h>
 #include <libavutil/mathematics.h>
@@ -18,12 +20,6 @@ extern "C" {
 namespace tallyframe {
 
 namespace {
-
-/// Containers that hold frames themselves. Playlists, slide shows, and descriptions of streams stay out.
-constexpr const char* container_formats =
-    "mov,mp4,m4a,3gp,3g2,mj2,matroska,webm,avi,mxf,mpegts,mpeg,mpegvideo,asf,flv,live_flv,ogg,gxf,dv,"
-    "m4v,h264,hevc,dirac,dnxhd,vc1,mjpeg,ivf,nut,nsv,rm,swf,yuv4mpegpipe,lxf,mlv,r3d,smjpeg,bink,smk,"
-    "wav,w64,aiff,caf,mp3,aac,flac,ac3,au,wv,ape,dts,amr";
 
 /// Above this, decoders run on one thread, since each thread holds frames of its own.
 constexpr std::int64_t large_frame_pixels = 20'000'000;
