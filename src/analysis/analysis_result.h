@@ -3,6 +3,7 @@
 
 #include "analysis/clip_record.h"
 #include "analysis/effect_records.h"
+#include "media/file_record.h"
 #include "media/marker_record.h"
 #include "run/account.h"
 #include "timecode/display_format.h"
@@ -50,6 +51,8 @@ struct analysis_result {
     std::vector<filter_record> audio_clip_filter_array;
     std::vector<clip_marker_record> audio_clip_marker_array;
     std::vector<transition_record> audio_transition_array;
+
+    std::vector<file_record> media_files; ///< those that clips show, in the order met
 
     std::vector<marker_record> seq_markers_data_array;
     account losses; ///< items that were not listed, and facts that were supplied

@@ -11,10 +11,12 @@
 #include "run/diagnostics.h"
 #include "run/progress.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 namespace tallyframe {
 
@@ -28,6 +30,7 @@ struct analysis_walk {
     analysis_result& result; ///< its header is complete, its records grow
     std::int64_t sequence_start_frame; ///< 0 outside sequences
     text_budget& texts; ///< records take of it for what they share
+    std::unordered_map<const file_record*, std::size_t>& media_file_positions; ///< in the result, so far
 
     /// First source frame of the last clip that had media. Markers of a clip without media count from it.
     std::optional<double> src_start_frame;

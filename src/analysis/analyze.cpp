@@ -65,7 +65,9 @@ analysis_result analyze(const document_index& index, const analysis_subject& sub
 
     video_checkboxes.clone_and_clear();
     audio_checkboxes.clone_and_clear();
-    analysis_walk walk{index, media.files, additions, out, display, result, sequence_start_frame, texts, {}};
+    std::unordered_map<const file_record*, std::size_t> media_file_positions;
+    analysis_walk walk{index, media.files,          additions, out, display, result, sequence_start_frame,
+                       texts, media_file_positions, {}};
     if (includes_video(scope))
         walk_video_tracks(walk, tracks.video, video_checkboxes);
     if (includes_audio(scope))

@@ -5,6 +5,17 @@ namespace tallyframe {
 
 namespace {
 
+std::size_t position_of_media(const analysis_walk& walk, const file_record& file)
+{
+    const auto [entry, is_new] = walk.media_file_positions.try_emplace(&file, walk.result.media_files.size());
+    if (is_new) {
+        for (const auto* copied : {&file.path, &file.frame_size, &file.samplerate, &file.reel_name})
+            walk.texts.spend(*copied);
+        walk.result.media_files.push_back(file);
+    }
+    return entry->second;
+}
+
 /// "Interview 3 on V2", as losses name a clip.
 std::string name_on_track(const track_context& track, const clip_item& clip)
 {
@@ -49,6 +60,9 @@ clip_record clip_record_of(const analysis_walk& walk, const track_context& track
     record.notes = clip.notes;
     record.reel_name = file.reel_name;
     record.path = file.path;
+    record.media_file = position_of_media(walk, file);
+    if (file.src_duration)
+        record.media_frames = source.media_frames;
     record.enabled = clip.enabled;
     return record;
 }

@@ -5,6 +5,7 @@
 #include "timecode/display_format.h"
 #include "timecode/frame_rates.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -29,6 +30,14 @@ struct track_position {
     std::int64_t seq_length = 0;
 
     bool operator==(const track_position&) const = default;
+};
+
+/// A part of a media file in its own frames, of which the first is 0.
+struct used_frames {
+    std::int64_t first = 0;
+    std::int64_t last = 0; ///< inclusive
+
+    bool operator==(const used_frames&) const = default;
 };
 
 /// Notes that travel with a clip, trimmed. Nothing and empty text are told apart.
@@ -66,6 +75,8 @@ struct clip_record {
     std::optional<std::string> reel_name;
     std::optional<std::string> roll_name; ///< never set for audio clips
     std::optional<std::string> path;
+    std::optional<std::size_t> media_file; ///< position among the analysis's media_files
+    std::optional<used_frames> media_frames; ///< what the clip shows of it; nothing for a still image
     std::optional<rational> image_time; ///< video: in-point in seconds from the start of the media
     std::string enabled = "TRUE";
     xml_node audio_item; ///< audio: the clip item, for as long as the document is loaded

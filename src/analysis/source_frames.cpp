@@ -17,6 +17,16 @@ std::optional<double> if_finite(double number)
     return std::isfinite(number) ? std::optional(number) : std::nullopt;
 }
 
+constexpr double most_frames = 0x1p53; // with any step it fits
+
+/// The end is exclusive. Nothing without a frame.
+std::optional<used_frames> frames_between(double begin, double end)
+{
+    if (!(std::abs(begin) < most_frames && std::abs(end) < most_frames && begin < end))
+        return std::nullopt;
+    return used_frames{static_cast<std::int64_t>(begin), static_cast<std::int64_t>(end) - 1};
+}
+
 } // namespace
 
 source_frames source_frames_of(const analysis_walk& walk, const clip_item& clip, const file_record& file)
@@ -55,10 +65,12 @@ source_frames source_frames_of(const analysis_walk& walk, const clip_item& clip,
         // One frame more than the same clip forwards: editors compare against older lists.
         const auto duration = static_cast<double>(media_duration.value_or(positions.out));
         source.last = if_finite(media_start + duration - in + 1);
+        source.media_frames = frames_between(duration - out, duration - in);
         source.first = if_finite(media_start + duration - out + 1);
     } else {
         source.first = if_finite(media_start + in);
         source.last = if_finite(media_start + out - 1);
+        source.media_frames = frames_between(in, out);
     }
     return source;
 }
@@ -75,7 +87,6 @@ std::optional<rational> image_time_of(const source_frames& source, const file_re
     const std::int64_t denominator = *nominal * (file.fcp_rate->is_floating ? 1000 : 1);
 
     const double frames = rounded(*source.first - file.timecode_frame);
-    constexpr double most_frames = 0x1p53; // with any step it fits
     if (!(std::abs(frames) < most_frames))
         return std::nullopt;
     const std::int64_t numerator = static_cast<std::int64_t>(frames) * numerator_step;

@@ -14,6 +14,7 @@ namespace tallyframe {
 struct source_frames {
     std::optional<double> first; ///< nothing when a hostile speed or rate leaves no finite number
     std::optional<double> last; ///< inclusive
+    std::optional<used_frames> media_frames; ///< the same from the media's first frame on
     double speed = 100; ///< percent, always positive
     bool is_reversed = false;
 };

@@ -11,6 +11,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 namespace tallyframe {
 
 namespace {
@@ -29,6 +31,15 @@ std::optional<std::string> frame_size_of(xml_node file)
     if (!width || !height || trimmed(*width).empty() || trimmed(*height).empty())
         return std::nullopt;
     return *width + " × " + *height;
+}
+
+/// Exporters write an `audio` element for all sound or one for each track of it.
+std::optional<std::int64_t> audio_channels_of(xml_node file)
+{
+    std::optional<std::int64_t> channels;
+    for (const xml_node count : file.all("media/audio/channelcount"))
+        channels = channels.value_or(0) + std::clamp<std::int64_t>(leading_integer(count.text()), 0, 1024);
+    return channels;
 }
 
 /// Sets rate and type; returns the row of the rates table that the file matches, or none.
@@ -134,6 +145,7 @@ file_record read_file(xml_node file, std::optional<frame_rate> seq_fcp_rate,
         record.src_duration = leading_integer(*duration);
     record.frame_size = frame_size_of(file);
     record.samplerate = file.text_of("media/audio/samplecharacteristics/samplerate");
+    record.audio_channels = audio_channels_of(file);
     const frame_rates_row* row = read_rate(record, file, seq_fcp_rate);
     if (const xml_node frame = file.first_descendant("frame"))
         record.timecode_frame = static_cast<double>(leading_integer(frame.text()));

@@ -56,6 +56,30 @@ TEST(source_frames, still_run_backwards_in_a_clip_as_long_as_its_media)
     expect_source(video_record(half_speed().duration(1000).reversed()), 801, 901, 101);
 }
 
+TEST(media_frames, are_what_a_clip_shows_of_its_file_from_0_on)
+{
+    const media_file file{.timecode_frame = 90000};
+    EXPECT_EQ(video_record(clip("A").in_out(100, 200).file(file)).media_frames, (used_frames{100, 199}));
+    EXPECT_EQ(audio_record(half_speed()).media_frames, (used_frames{50, 99}));
+    EXPECT_EQ(video_record(half_speed().reversed()).media_frames, (used_frames{900, 949}))
+        << "without the one frame more of the columns";
+    EXPECT_EQ(video_record(clip("A").file({.duration = std::nullopt})).media_frames, std::nullopt);
+}
+
+TEST(media_files, are_those_that_clips_show_each_once)
+{
+    const analysis_result analysis =
+        analysis_of(xmeml()
+                        .sequence("Reel 1")
+                        .video_track({clip("A").at(0, 50).file({.path = "/a.mov"}),
+                                      clip("B").at(50, 100).file({.path = "/b.mov"})})
+                        .audio_track({clip("A").at(0, 50).same_file("/a.mov")}));
+    ASSERT_EQ(analysis.media_files.size(), 2U);
+    EXPECT_EQ(analysis.media_files[0].path, "/a.mov");
+    EXPECT_EQ(analysis.video_clip_data_array.at(1).media_file, 1U);
+    EXPECT_EQ(analysis.audio_clip_data_array.at(0).media_file, 0U);
+}
+
 TEST(source_frames, take_a_negative_speed_for_a_positive_one)
 {
     expect_source(video_record(clip("A").in_out(100, 200).duration(2000).speed("-50.0")), 50, 99, 50);

@@ -160,6 +160,19 @@ TEST(media_files, keeps_the_sample_rate_as_written)
     EXPECT_EQ(file_record_of(file("<name/>")).samplerate, std::nullopt);
 }
 
+TEST(file_record, adds_up_the_channels_of_its_sound)
+{
+    EXPECT_EQ(file_record_of(file("<name/>")).audio_channels, std::nullopt);
+    EXPECT_EQ(
+        file_record_of(file("<media><audio><channelcount>2</channelcount></audio></media>")).audio_channels,
+        2);
+    EXPECT_EQ(file_record_of(file("<media><audio><channelcount>1</channelcount></audio><audio><channelcount>"
+                                  "-5</channelcount></audio><audio><channelcount>2</channelcount></audio>"
+                                  "</media>"))
+                  .audio_channels,
+              3);
+}
+
 TEST(media_files, reads_the_first_timecode_as_frames)
 {
     EXPECT_EQ(file_record_of(
