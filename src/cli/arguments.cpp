@@ -35,6 +35,7 @@ struct raw_report_flags {
     std::string columns;
     std::string thumbnails;
     std::vector<std::string> media_map;
+    std::string handles;
 };
 
 struct color_flag {
@@ -51,13 +52,14 @@ constexpr color_flag color_flags[] = {
 
 constexpr const char* unidentified_help = "Sequences without an identifier too, behind the others";
 
-void add_item_flags(CLI::App& report, raw_report_flags& raw, report_request& request)
+/// `all_of_them`: what the command does with every entry.
+void add_item_flags(CLI::App& report, raw_report_flags& raw, report_request& request, const char* all_of_them)
 {
     constexpr const char* group = "What to report";
     auto* item = report.add_option("--item", raw.item, "Entry of the document by its position in `list`");
     auto* sequence = report.add_option("--sequence", raw.sequence, "Sequence by its identifier in `list`");
     auto* bins = report.add_flag("--bins", raw.bins, "The clips of the bins");
-    auto* all = report.add_flag("--all", raw.all, "Every entry, one workbook each");
+    auto* all = report.add_flag("--all", raw.all, all_of_them);
     const std::vector<CLI::Option*> choices = {item, sequence, bins, all};
     for (CLI::Option* choice : choices) {
         choice->group(group);
@@ -113,19 +115,48 @@ void add_content_flags(CLI::App& report, raw_report_flags& raw, report_options& 
     }
 }
 
-void add_sheet_flags(CLI::App& report, report_options& options)
+CLI::Option* add_handles_flag(CLI::App& command, raw_report_flags& raw, const char* group)
+{
+    return command
+        .add_option("--handles", raw.handles,
+                    "Frames before and after what clips show that a checked media file has to have too (0)")
+        ->option_text("N")
+        ->group(group);
+}
+
+void add_sheet_flags(CLI::App& report, raw_report_flags& raw, report_options& options)
 {
     for (const sheet_option& choice : sheet_options())
         report
             .add_flag_callback(
-                choice.flag, [&options, &choice] { options.*choice.option = false; },
-                fmt::format("Leave out {}", choice.sheets))
+                choice.flag, [&options, &choice] { options.*choice.option = !choice.is_default(); },
+                choice.is_default() ? fmt::format("Leave out {}", choice.sheets) : choice.tool_tip)
             ->group("Sheets");
+    add_handles_flag(report, raw, "Sheets")->needs(report.get_option("--media-sheet"));
+}
+
+constexpr const char* media_group = "Media files";
+
+void add_media_place_flags(CLI::App& command, raw_report_flags& raw, report_request& request)
+{
+    command
+        .add_option("--media-map", raw.media_map,
+                    "Look for files of the folder FROM in the folder TO; may be repeated, the longest FROM "
+                    "counts first")
+        ->option_text("FROM=TO")
+        ->group(media_group)
+        ->allow_extra_args(false);
+    command
+        .add_option("--media-search", request.media_search,
+                    "Look for files in this folder and below it, by name, by what the document says of them "
+                    "and by parent folders; may be repeated")
+        ->option_text("DIR")
+        ->group(media_group)
+        ->allow_extra_args(false);
 }
 
 void add_media_flags(CLI::App& report, raw_report_flags& raw, report_request& request)
 {
-    constexpr const char* group = "Media files";
     auto* thumbnails =
         report
             .add_option(
@@ -133,26 +164,14 @@ void add_media_flags(CLI::App& report, raw_report_flags& raw, report_request& re
                 "A picture of each clip's in-point, WIDTH pixels wide: 160, 320 or 640, or any from 16 to "
                 "1920 (320)")
             ->option_text("[=WIDTH]")
-            ->group(group);
+            ->group(media_group);
     report
         .add_flag("--keep-thumbnails", request.options.keep_thumbnails,
                   "Keep the pictures as files, in \"REPORT thumbnails\" beside the workbook")
         ->option_text(" ")
-        ->group(group)
+        ->group(media_group)
         ->needs(thumbnails);
-    report
-        .add_option("--media-map", raw.media_map,
-                    "Look for files of the folder FROM in the folder TO; may be repeated, the longest FROM "
-                    "counts first")
-        ->option_text("FROM=TO")
-        ->group(group)
-        ->allow_extra_args(false);
-    report
-        .add_option("--media-search", request.media_search,
-                    "Look for files in this folder and below it, by name and parent folders; may be repeated")
-        ->option_text("DIR")
-        ->group(group)
-        ->allow_extra_args(false);
+    add_media_place_flags(report, raw, request);
 }
 
 /// The items of "a,b,c" with blanks around them dropped; none for an empty list, and none after a comma at
@@ -248,10 +267,23 @@ media_mapping mapping_of(const std::string& text)
     return {text.substr(0, equals), text.substr(equals + 1)};
 }
 
-void fill_in_media(const CLI::App& report, const raw_report_flags& raw, report_request& request)
+void apply_handles(const std::string& text, report_options& options)
 {
-    if (report.count("--thumbnails") > 0)
-        apply_thumbnails(raw.thumbnails, request.options);
+    constexpr std::int64_t most = 1'000'000;
+    std::int64_t frames = -1;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), frames);
+    if (error != std::errc() || end != text.data() + text.size() || frames < 0 || frames > most) {
+        throw usage_error(fmt::format("--handles: {} is no number of frames. Write a whole number from 0 to "
+                                      "{}, such as --handles 12.",
+                                      visible_name(text), most));
+    }
+    options.media_handles = frames;
+}
+
+void fill_in_media_places(const CLI::App& command, const raw_report_flags& raw, report_request& request)
+{
+    if (command.count("--handles") > 0)
+        apply_handles(raw.handles, request.options);
     for (const std::string& mapping : raw.media_map)
         request.media_map.push_back(mapping_of(mapping));
     for (const std::filesystem::path& folder : request.media_search) {
@@ -262,13 +294,18 @@ void fill_in_media(const CLI::App& report, const raw_report_flags& raw, report_r
     }
 }
 
+void fill_in_item(const CLI::App& command, const raw_report_flags& raw, report_request& request)
+{
+    request.item = chosen_item(command, raw);
+    if (command.count("--scope") > 0)
+        request.scope = scope_named(raw.scope);
+    if (command.count("--tracks") > 0)
+        request.tracks = raw.tracks == "none" ? std::vector<std::string>() : split_list(raw.tracks);
+}
+
 void fill_in(const CLI::App& report, const raw_report_flags& raw, report_request& request)
 {
-    request.item = chosen_item(report, raw);
-    if (report.count("--scope") > 0)
-        request.scope = scope_named(raw.scope);
-    if (report.count("--tracks") > 0)
-        request.tracks = raw.tracks == "none" ? std::vector<std::string>() : split_list(raw.tracks);
+    fill_in_item(report, raw, request);
     request.options.timeline_time_columns =
         chosen_time_formats(report, "--timeline-columns", raw.timeline_columns);
     request.options.source_time_columns = chosen_time_formats(report, "--source-columns", raw.source_columns);
@@ -278,7 +315,9 @@ void fill_in(const CLI::App& report, const raw_report_flags& raw, report_request
         apply_columns(raw.columns, request.options);
     for (const color_flag& flag : color_flags)
         check_color(request.options.*flag.color, flag.name);
-    fill_in_media(report, raw, request);
+    if (report.count("--thumbnails") > 0)
+        apply_thumbnails(raw.thumbnails, request.options);
+    fill_in_media_places(report, raw, request);
 }
 
 void describe(CLI::App& app)
@@ -296,7 +335,7 @@ void describe(CLI::App& app)
     set_help_form(app);
 }
 
-constexpr std::string_view commands[] = {"list", "report", "help"};
+constexpr std::string_view commands[] = {"list", "report", "media", "help"};
 
 void refuse_unknown_command(const std::vector<std::string>& arguments)
 {
@@ -304,7 +343,7 @@ void refuse_unknown_command(const std::vector<std::string>& arguments)
         || std::find(std::begin(commands), std::end(commands), arguments.front()) != std::end(commands))
         return;
     throw usage_error(
-        fmt::format("There is no command {}. The commands are list, report and help: start with "
+        fmt::format("There is no command {}. The commands are list, report, media and help: start with "
                     "`tallyframe report FILE.xml`.",
                     visible_name(arguments.front())));
 }
@@ -355,9 +394,9 @@ CLI::App* add_report_command(CLI::App& app, raw_report_flags& raw, report_reques
         ->add_option("-o,--output", request.output,
                      "The workbook, or the folder for it (FILE.xls in the current folder)")
         ->option_text("REPORT.xls");
-    add_item_flags(*report, raw, request);
+    add_item_flags(*report, raw, request, "Every entry, one workbook each");
     add_content_flags(*report, raw, request.options);
-    add_sheet_flags(*report, request.options);
+    add_sheet_flags(*report, raw, request.options);
     add_media_flags(*report, raw, request);
     report->add_flag("--quiet", request.quiet, "No diagnostics on standard output")->group("Output");
     report->add_flag("--progress", request.progress, "A progress line on standard error")->group("Output");
@@ -369,6 +408,37 @@ CLI::App* add_report_command(CLI::App& app, raw_report_flags& raw, report_reques
                    "  tallyframe report CUT.xml --timeline-columns Clock,Frames --enabled-only\n"
                    "  tallyframe report CUT.xml --thumbnails --media-search /Volumes/Rushes");
     return report;
+}
+
+CLI::App* add_media_command(CLI::App& app, raw_report_flags& raw, media_request& request)
+{
+    constexpr const char* output_group = "Output";
+    CLI::App* media = app.add_subcommand("media", "Check the media files of a sequence or of the bins");
+    media->group("Commands");
+    media->add_option("FILE.xml", request.subject.document, "The exported timeline")
+        ->required()
+        ->option_text(" ");
+    add_item_flags(*media, raw, request.subject, "Every entry, all in one list");
+    media->add_flag("--enabled-only", request.subject.options.report_enabled_only, "Only what is enabled")
+        ->group("What to report");
+    add_media_place_flags(*media, raw, request.subject);
+    add_handles_flag(*media, raw, media_group);
+    auto* json = media->add_flag_callback(
+        "--json", [&] { request.as = media_request::format::json; }, "As JSON, for scripts");
+    auto* csv = media->add_flag_callback(
+        "--csv", [&] { request.as = media_request::format::csv; }, "As comma-separated values");
+    json->option_text(" ")->group(output_group)->excludes(csv);
+    csv->option_text(" ")->group(output_group);
+    media->add_flag("--progress", request.subject.progress, "A progress line on standard error")
+        ->group(output_group);
+    media->footer("Says of each file where it was found, what of it is used, whether it has those\n"
+                  "frames, and in what it differs from what the document says. Exit code 1 when a\n"
+                  "file is missing, cannot be read, or lacks frames that are used.\n\n"
+                  "Examples:\n"
+                  "  tallyframe media CUT.xml\n"
+                  "  tallyframe media CUT.xml --all --media-search /Volumes/Rushes --csv\n"
+                  "  tallyframe media CUT.xml --handles 12 --json");
+    return media;
 }
 
 /// Reads the arguments into what the commands were given to fill. Returns the version or the help, when that
@@ -401,6 +471,9 @@ request parse_arguments(const std::vector<std::string>& arguments)
     report_request report_flags;
     raw_report_flags raw;
     const CLI::App* report = add_report_command(app, raw, report_flags);
+    media_request media_flags;
+    raw_report_flags raw_media;
+    const CLI::App* media = add_media_command(app, raw_media, media_flags);
     app.add_subcommand("help", "Show how a command is used: `tallyframe help report`")->group("Commands");
 
     request result;
@@ -411,6 +484,10 @@ request parse_arguments(const std::vector<std::string>& arguments)
     } else if (report->parsed()) {
         fill_in(*report, raw, report_flags);
         result.report = std::move(report_flags);
+    } else if (media->parsed()) {
+        fill_in_item(*media, raw_media, media_flags.subject);
+        fill_in_media_places(*media, raw_media, media_flags.subject);
+        result.media = std::move(media_flags);
     } else {
         result.text = help_text(app);
     }

@@ -41,10 +41,19 @@ struct report_request {
     bool progress = false;
 };
 
-/// What the command line asks for: one of the two, or a text to print.
+/// A check of the media files that a report of the same choices would show.
+struct media_request {
+    enum class format { text, json, csv };
+
+    report_request subject; ///< what has to do with clips and media files in it
+    format as = format::text;
+};
+
+/// What the command line asks for: one of the three, or a text to print.
 struct request {
     std::optional<list_request> list;
     std::optional<report_request> report;
+    std::optional<media_request> media;
     std::string text; ///< help or version, when neither is set
 };
 

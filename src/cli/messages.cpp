@@ -24,8 +24,8 @@ std::string advice_for(const std::string& sheet)
     const sheet_option* choice = choice_of_sheet(sheet);
     if (choice == nullptr)
         return "Report fewer tracks at a time with --tracks, or only what is enabled with --enabled-only.";
-    return fmt::format("Report fewer tracks at a time with --tracks, or leave the sheet out with {}.",
-                       choice->flag);
+    return fmt::format("Report fewer tracks at a time with --tracks, or {} {}.",
+                       choice->is_default() ? "leave the sheet out with" : "report without", choice->flag);
 }
 
 /// A text of several lines that are meant: all else in it is made visible.

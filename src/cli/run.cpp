@@ -3,6 +3,7 @@
 
 #include "cli/chosen_entries.h"
 #include "cli/command_line_host.h"
+#include "cli/media_listing.h"
 #include "cli/menu_listing.h"
 #include "cli/messages.h"
 #include "cli/report_paths.h"
@@ -10,10 +11,13 @@
 #include "document/other_format.h"
 #include "media_files/report_media.h"
 #include "media_files/thumbnail_folder.h"
+#include "report/media_use.h"
+#include "report/row_assembly.h"
 #include "run/failures.h"
 #include "run/gui_mode.h"
 #include "sequence_to_spreadsheet/output_place.h"
 #include "sequence_to_spreadsheet/sequence_to_spreadsheet.h"
+#include "sheets/media_check.h"
 #include "text/visible_text.h"
 #include "writers/xls_writer.h"
 
@@ -21,6 +25,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <span>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -56,7 +61,7 @@ void print(std::ostream& out, std::string_view text)
             fmt::format("The output could not be written: {}", std::generic_category().message(errno)));
 }
 
-unidentified_sequences listing_of(bool unidentified)
+unidentified_sequences sequences_to_list(bool unidentified)
 {
     return unidentified ? unidentified_sequences::listed : unidentified_sequences::left_out;
 }
@@ -89,7 +94,7 @@ void open_document(run_state& state, const std::filesystem::path& document, std:
 int list_menu(const list_request& request, std::ostream& out, std::ostream& err)
 {
     run_state state(out, err, true, false);
-    state.session.without_uuid = listing_of(request.unidentified);
+    state.session.without_uuid = sequences_to_list(request.unidentified);
     open_document(state, request.document, err);
     const std::vector<catalogue_entry>& menu = state.session.menu;
     tell_left_out(state.session, request.document, err);
@@ -176,7 +181,7 @@ exit_code write_reports(run_state& state, const report_request& request,
                         const std::vector<planned_report>& reports, std::ostream& err)
 {
     report_media media({request.options.inpoint_thumbnail_jpegs, request.options.keep_thumbnails,
-                        request.media_map, request.media_search},
+                        request.media_map, request.media_search, request.options.media_sheet},
                        state.diagnostic_output, state.display);
     const bool is_one = reports.size() == 1;
     exit_code code = done;
@@ -211,7 +216,7 @@ int report(const report_request& request, std::ostream& out, std::ostream& err)
     run_state state(out, err, request.quiet, request.progress);
     state.diagnostic_output.write(xml_library_version() + "\n");
     state.session.import_video_audio_preference = request.scope;
-    state.session.without_uuid = listing_of(request.unidentified);
+    state.session.without_uuid = sequences_to_list(request.unidentified);
     open_document(state, request.document, err);
     const std::vector<catalogue_entry>& menu = state.session.menu;
     if (menu.empty()) {
@@ -224,12 +229,73 @@ int report(const report_request& request, std::ostream& out, std::ostream& err)
     return code;
 }
 
+/// What the chosen entries show of the document's media files.
+std::vector<media_use> media_uses(run_state& state, const report_request& subject)
+{
+    report_session& session = state.session;
+    media_use_list uses;
+    for (const std::size_t position : chosen_entries(subject.item, session.menu)) {
+        get_info_from_entry(session, position, state.catalogues, state.services);
+        if (subject.tracks)
+            tick_only(*subject.tracks, session);
+        const report_rows rows =
+            assemble_rows(session.analysis,
+                          {session.video_tracks_table_checkboxes.current.value_or(std::vector<int>()),
+                           session.audio_tracks_table_checkboxes.current.value_or(std::vector<int>())},
+                          subject.options.report_enabled_only, false);
+        uses.add(session.analysis, rows.clip_data_array);
+    }
+    return uses.finished();
+}
+
+std::string listing_of(std::span<const checked_media> files, media_request::format format)
+{
+    switch (format) {
+    case media_request::format::json:
+        return media_as_json(files);
+    case media_request::format::csv:
+        return media_as_csv(files);
+    case media_request::format::text:
+        break;
+    }
+    return media_as_text(files);
+}
+
+int list_media(const media_request& request, std::ostream& out, std::ostream& err)
+{
+    const report_request& subject = request.subject;
+    run_state state(out, err, true, subject.progress);
+    state.session.import_video_audio_preference = subject.scope;
+    state.session.without_uuid = sequences_to_list(subject.unidentified);
+    open_document(state, subject.document, err);
+    tell_left_out(state.session, subject.document, err);
+    const account& losses_of_document = state.session.document->losses;
+    if (state.session.menu.empty()) {
+        tell_losses(losses_of_document, err);
+        return failed;
+    }
+    report_media media({.map = subject.media_map, .search = subject.media_search, .checks_files = true},
+                       state.diagnostic_output, state.display);
+    std::optional<thumbnail_folder> no_pictures;
+    const media_services services = media.services(no_pictures);
+    const media_inspection inspection{services.locator, *services.probe, state.display};
+    const std::vector<checked_media> files =
+        check_media(media_uses(state, subject), subject.options.media_handles, &inspection);
+    state.display.end();
+    print(out, listing_of(files, request.as));
+    tell_losses(losses_of_document, err);
+    tell_losses(media.losses(), err);
+    return totals_of(files).is_complete() ? done : failed;
+}
+
 int run_request(const request& request, std::ostream& out, std::ostream& err)
 {
     if (request.list)
         return list_menu(*request.list, out, err);
     if (request.report)
         return report(*request.report, out, err);
+    if (request.media)
+        return list_media(*request.media, out, err);
     print(out, request.text);
     return done;
 }

@@ -7,7 +7,8 @@ namespace tallyframe {
 
 report_media::report_media(const media_choice& choice, diagnostics& out, progress& display)
     : wants_pictures_(choice.wants_pictures), keeps_pictures_(choice.keeps_pictures),
-      is_asked_for_(choice.wants_pictures || !choice.map.empty() || !choice.search.empty()),
+      is_asked_for_(choice.wants_pictures || !choice.map.empty() || !choice.search.empty()
+                    || choice.checks_files),
       locator_(choice.map, choice.search, out, display, &probe_), tags_(tag_reader_of_this_system()),
       pictures_(wants_pictures_ ? load_thumbnailer(out) : nullptr)
 {

@@ -22,6 +22,7 @@ struct media_choice {
     bool keeps_pictures = false; ///< as files beside the workbook
     std::vector<media_mapping> map;
     std::vector<std::filesystem::path> search;
+    bool checks_files = false; ///< opens them to see what they are
 };
 
 /// What a host looks at media files with, for one report or several of one document.

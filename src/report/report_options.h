@@ -66,6 +66,8 @@ struct report_options {
     bool filters_sheet = true; ///< filtersSheetCheckbox
     bool motion_sheet = true; ///< motionSheetCheckbox
     bool summary_sheet = true; ///< summarySheetCheckbox: "Files Summary"
+    bool media_sheet = false; ///< "Media Check": opens every media file
+    std::int64_t media_handles = 0; ///< frames around what clips show that a file has to have too
     bool reel_sheets = true; ///< reelSheetsCheckbox: "Reels Summary" and the sheets per reel
 
     /// Title selected in layoutsAppPopupMenu, a name out of layouts_array; nothing for "Default".

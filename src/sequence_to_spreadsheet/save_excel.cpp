@@ -5,6 +5,7 @@
 #include "sequence_to_spreadsheet/kept_thumbnails.h"
 #include "sheets/audio_tags.h"
 #include "sheets/counted_media.h"
+#include "sheets/documented_facts.h"
 #include "sheets/report.h"
 #include "sheets/thumbnails.h"
 #include "writers/xls_writer.h"
@@ -35,10 +36,13 @@ std::optional<thumbnail_run> thumbnails_from(const media_services& media, const 
 
 /// What a report looks at media with.
 struct media_readers {
-    media_readers(const media_services& media, const report_options& options, diagnostics& out)
+    media_readers(const media_services& media, const report_options& options, diagnostics& out,
+                  progress& display)
         : is_asked_for(media.is_asked_for), locator(media.locator), tags(locator, media.tags),
           thumbnails(thumbnails_from(media, options, locator, out))
     {
+        if (media.probe != nullptr)
+            inspection.emplace(media_inspection{locator, *media.probe, display});
     }
     media_readers(const media_readers&) = delete;
     media_readers& operator=(const media_readers&) = delete;
@@ -47,6 +51,7 @@ struct media_readers {
     counted_media locator;
     audio_tag_catalogue tags;
     std::optional<thumbnail_run> thumbnails;
+    std::optional<media_inspection> inspection;
 
     account losses() const
     {
@@ -105,10 +110,13 @@ account save_excel(const analysis_result& analysis, const track_checkboxes& vide
 {
     std::optional<media_readers> media;
     if (services.media != nullptr)
-        media.emplace(*services.media, options, services.out);
+        media.emplace(*services.media, options, services.out, services.display);
     thumbnail_run* thumbnails = media && media->thumbnails ? &*media->thumbnails : nullptr;
+    if (media && media->is_asked_for)
+        media->locator.expect(documented_media_of(analysis.media_files));
     const report made = make_report(analysis, {ticks_of(video_checkboxes), ticks_of(audio_checkboxes)},
-                                    options, media ? &media->tags : nullptr, thumbnails);
+                                    options, media ? &media->tags : nullptr, thumbnails,
+                                    media && media->inspection ? &*media->inspection : nullptr);
     services.display.begin(static_cast<std::int64_t>(progress_steps(made)) + 1); // one for the saving
     if (thumbnails != nullptr)
         prepare_thumbnails(made.rows->clip_data_array, *thumbnails);

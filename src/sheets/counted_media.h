@@ -16,6 +16,7 @@ class counted_media final : public media_locator {
 public:
     explicit counted_media(media_locator& locator) : locator_(locator) { }
 
+    void expect(std::span<const documented_media> media) override { locator_.expect(media); }
     std::optional<std::filesystem::path> locate(const std::string& path) override;
 
     const account& losses() const { return lost_; }

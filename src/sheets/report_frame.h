@@ -7,6 +7,7 @@
 #include "report/row_assembly.h"
 #include "report/table_columns.h"
 #include "sheets/audio_tags.h"
+#include "sheets/media_check.h"
 #include "sheets/sheet.h"
 #include "sheets/sheet_names.h"
 #include "sheets/table_sheet.h"
@@ -25,6 +26,7 @@ struct report_frame {
     sequence_clock clock;
     audio_tag_catalogue* tags = nullptr; ///< none: no row gets tags
     thumbnail_run* thumbnails = nullptr; ///< none: no row gets a picture
+    const media_inspection* inspection = nullptr; ///< none: media files are not looked at
 };
 
 /// The sheets of a report while they are made, and what runs on from one to the next.

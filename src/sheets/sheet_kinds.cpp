@@ -5,6 +5,7 @@
 #include "sheets/effect_sheets.h"
 #include "sheets/generators_sheet.h"
 #include "sheets/marker_sheets.h"
+#include "sheets/media_sheet.h"
 #include "sheets/reel_sheets.h"
 #include "sheets/summary_sheets.h"
 
@@ -56,6 +57,13 @@ constexpr sheet_option files_summary = {
     "summarySheetCheckbox",
     "Files Summary",
     R"(The sheet "Files Summary": how much of the sequence each media file covers)"};
+constexpr sheet_option media_check = {
+    &report_options::media_sheet,
+    "--media-sheet",
+    R"("Media Check")",
+    "mediaSheetCheckbox",
+    "Media Check",
+    R"(The sheet "Media Check": every media file beside what the timeline says of it. Opens them all)"};
 constexpr sheet_option reels = {&report_options::reel_sheets,
                                 "--no-reels",
                                 R"("Reels Summary" and the sheets per reel)",
@@ -63,7 +71,8 @@ constexpr sheet_option reels = {&report_options::reel_sheets,
                                 "Reels (summary and a sheet each)",
                                 R"(The sheet "Reels Summary" and one sheet for each source reel)"};
 
-constexpr std::array choices = {markers, generators, transitions, filters, motion, files_summary, reels};
+constexpr std::array choices = {markers, generators,    transitions, filters,
+                                motion,  files_summary, media_check, reels};
 
 constexpr sheet_kind kinds[] = {
     {all_reels_name, nullptr, false, add_clips_sheet},
@@ -74,6 +83,7 @@ constexpr sheet_kind kinds[] = {
     {filters_name, &filters, false, add_filters_sheet},
     {motion_effects_name, &motion, false, add_motion_sheet},
     {files_summary_name, &files_summary, true, add_files_summary},
+    {media_check_name, &media_check, false, add_media_sheet},
     {reels_summary_name, &reels, true, add_reels_summary},
     {{}, &reels, false, add_reel_sheets},
 };

@@ -9,14 +9,17 @@
 
 namespace tallyframe {
 
-/// A choice of the user that leaves sheets out, as both hosts offer it.
+/// A choice of the user that leaves sheets out, or adds one, as both hosts offer it.
 struct sheet_option {
     bool report_options::*option;
-    const char* flag; ///< of the command line: "--no-markers"
+    const char* flag; ///< of the command line: "--no-markers", "--media-sheet"
     const char* sheets; ///< as a sentence calls them: "\"Sequence Markers\" and \"Clip Markers\""
     const char* checkbox; ///< name of the window's control: "markersSheetsCheckbox"
     const char* title; ///< beside it, with && for an ampersand
     const char* tool_tip;
+
+    /// Whether the sheets are there unless they are left out.
+    bool is_default() const { return report_options().*option; }
 };
 
 /// The choices in the order in which the hosts show them.

@@ -80,6 +80,10 @@ TEST(tell_failure, advises_on_a_sheet_that_is_too_long)
         (told{failed,
               "tallyframe: The sheet \"Filters\" has 70,000 rows, but an Excel 97-2003 sheet holds 65,536.\n"
               "Report fewer tracks at a time with --tracks, or leave the sheet out with --no-filters.\n"}));
+    EXPECT_EQ(told_of(sheet_too_long("Media Check", "Too long.")),
+              (told{failed,
+                    "tallyframe: Too long.\n"
+                    "Report fewer tracks at a time with --tracks, or report without --media-sheet.\n"}));
 }
 
 TEST(tell_failure, shows_what_a_name_would_do_to_the_terminal)

@@ -79,6 +79,12 @@ TEST(sheets, are_made_under_the_names_of_the_table)
     }
 }
 
+TEST(sheets, are_left_out_or_added_by_their_flags)
+{
+    for (const sheet_option& choice : sheet_options())
+        EXPECT_EQ(choice.is_default(), std::string_view(choice.flag).starts_with("--no-")) << choice.flag;
+}
+
 TEST(sheets, know_the_choice_that_leaves_them_out)
 {
     EXPECT_EQ(choice_of_sheet("All Reels"), nullptr);

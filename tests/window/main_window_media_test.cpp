@@ -10,6 +10,7 @@
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 
 namespace tallyframe::window {
@@ -124,6 +125,31 @@ TEST_F(main_window_media, finds_media_below_the_folder_that_stands_for_one_of_th
     const std::string by_window = bytes_of(desk / "window.xls");
     EXPECT_TRUE(by_window == bytes_of(desk / "line.xls"));
     EXPECT_TRUE(by_window.find(title) == std::string::npos) << "the song is elsewhere";
+}
+
+TEST_F(main_window_media, checks_media_as_the_command_line_does)
+{
+    const fs::path document = write("cut.xml", cut(5));
+    open(document);
+    places().add(qt_path(media.folder()));
+    find<QCheckBox>("mediaSheetCheckbox").setChecked(true);
+    save(desk / "window.xls");
+    report_by_command_line(document, {"--media-sheet", "--media-search", media.folder().string()});
+    const std::string by_window = bytes_of(desk / "window.xls");
+    EXPECT_TRUE(by_window == bytes_of(desk / "line.xls"));
+    EXPECT_TRUE(by_window.find("Media Check") != std::string::npos);
+}
+
+TEST_F(main_window_media, tells_of_a_folder_that_stands_for_none_of_the_timeline)
+{
+    open(write("cut.xml", cut(1)));
+    places().add(qt_path(media.folder()));
+    places().setData(places().index(0, 0), "/Volumes/Elsewhere", Qt::EditRole);
+    save(desk / "window.xls");
+    EXPECT_THAT(
+        find<QLabel>("savedLosses").text().toStdString(),
+        ::testing::HasSubstr("1 mapping of media folders fits no file of the document (/Volumes/Elsewhere="
+                             + media.folder().string() + ")."));
 }
 
 TEST_F(main_window_media, keeps_the_pictures_beside_the_workbook_and_opens_their_folder)

@@ -5,7 +5,8 @@ namespace tallyframe::window {
 
 media_choice media_choice_of(const report_options& options, const std::vector<media_place>& places)
 {
-    media_choice choice{options.inpoint_thumbnail_jpegs, options.keep_thumbnails, {}, {}};
+    media_choice choice{
+        options.inpoint_thumbnail_jpegs, options.keep_thumbnails, {}, {}, options.media_sheet};
     for (const media_place& place : places) {
         if (place.named_in_timeline.empty())
             choice.search.emplace_back(place.folder);

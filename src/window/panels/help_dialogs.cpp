@@ -65,6 +65,11 @@ const guide_chapter guide[] = {
                             "A sheet each. What does not come with the editing application is red.")},
          {QT_TRANSLATE_NOOP("guide", "Files Summary"),
           QT_TRANSLATE_NOOP("guide", "How much of the sequence each media file covers.")},
+         {QT_TRANSLATE_NOOP("guide", "Media Check"),
+          QT_TRANSLATE_NOOP("guide",
+                            "A sheet with every media file: where it is, whether it has the frames that are "
+                            "used, and in what it is not as the timeline says. It opens them all when the "
+                            "workbook is saved; the preview shows what the timeline says.")},
          {QT_TRANSLATE_NOOP("guide", "Reels"),
           QT_TRANSLATE_NOOP("guide",
                             "\"Reels Summary\" with totals, and a sheet of clips for each source reel.")},
@@ -101,9 +106,12 @@ const guide_chapter guide[] = {
          {QT_TRANSLATE_NOOP("guide", "Media that has moved"),
           QT_TRANSLATE_NOOP("guide",
                             "Folders to look in, for pictures and for the tags of songs. A folder you add is "
-                            "searched, with all below it, by the files' names. Edit its first column to say "
-                            "which folder of the timeline it stands for: then files are at the same places "
-                            "below it. The paths in the workbook stay as the timeline has them.")},
+                            "searched, with "
+                            "all below it, by the files' names and by what the timeline says of them. Edit "
+                            "its first column "
+                            "to say which folder of the timeline it stands for: then files are at the same "
+                            "places below it. "
+                            "The paths in the workbook stay as the timeline has them.")},
      }},
 };
 
