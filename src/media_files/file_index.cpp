@@ -66,7 +66,7 @@ void file_index::finish()
 }
 
 /// The part of a range whose keys begin so; `prefix` ends with a zero.
-file_index::range file_index::with_prefix(const std::string& prefix, range among) const
+file_index::range file_index::with_prefix(const std::string& prefix, range among)
 {
     const auto is_before = [](const entry& left, const std::string& right) { return left.key < right; };
     std::string after = prefix;
@@ -77,8 +77,7 @@ file_index::range file_index::with_prefix(const std::string& prefix, range among
 
 /// The files of one spelling, then those of them in a folder with the wanted parent's name, and so on.
 std::vector<file_index::range> file_index::narrowing_ranges(const std::string& name_key,
-                                                            const std::filesystem::path& parents,
-                                                            range among) const
+                                                            const std::filesystem::path& parents, range among)
 {
     std::vector<range> ranges;
     std::string prefix = name_key;
@@ -96,7 +95,7 @@ std::vector<file_index::range> file_index::narrowing_ranges(const std::string& n
 }
 
 /// The second parts of the keys, which begin at `begin`, each once.
-std::vector<std::string> file_index::spellings_in(range among, std::size_t begin) const
+std::vector<std::string> file_index::spellings_in(range among, std::size_t begin)
 {
     std::vector<std::string> spellings;
     for (auto at = among.begin; at != among.end;) {

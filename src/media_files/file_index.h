@@ -35,10 +35,10 @@ private:
         std::vector<entry>::const_iterator begin, end;
     };
 
-    range with_prefix(const std::string& prefix, range among) const;
-    std::vector<range> narrowing_ranges(const std::string& name_key, const std::filesystem::path& parents,
-                                        range among) const;
-    std::vector<std::string> spellings_in(range among, std::size_t begin) const;
+    static range with_prefix(const std::string& prefix, range among);
+    static std::vector<range> narrowing_ranges(const std::string& name_key,
+                                               const std::filesystem::path& parents, range among);
+    static std::vector<std::string> spellings_in(range among, std::size_t begin);
 
     std::deque<std::filesystem::path> files_;
     std::vector<entry> entries_; ///< in the order of their keys, once finished

@@ -61,21 +61,26 @@ private:
             return;
         while (const std::optional<folder_entry> entry = entries.next()) {
             display_.show_message(message_);
-            std::error_code unseen;
             fs::path path = folder / entry->name;
-            const bool is_link = entry->is == folder_entry::kind::link;
-            if (entry->is == folder_entry::kind::folder)
+            if (entry->is == folder_entry::kind::link)
+                follow(std::move(path), files, links);
+            else if (entry->is == folder_entry::kind::folder)
                 folders.push_back(std::move(path));
             else if (entry->is == folder_entry::kind::file)
-                files.push_back(std::move(path));
-            else if (const fs::file_status status = is_link ? fs::status(path, unseen) : fs::file_status();
-                     fs::is_directory(status))
-                links.push_back(std::move(path));
-            else if (fs::is_regular_file(status))
                 files.push_back(std::move(path));
         }
         if (entries.error())
             unread_.emplace(folder, entries.error());
+    }
+
+    static void follow(fs::path link, std::vector<fs::path>& files, std::vector<fs::path>& links)
+    {
+        std::error_code unseen;
+        const fs::file_status status = fs::status(link, unseen);
+        if (fs::is_directory(status))
+            links.push_back(std::move(link));
+        else if (fs::is_regular_file(status))
+            files.push_back(std::move(link));
     }
 
     file_index& index_;

@@ -46,7 +46,7 @@ bool is_below(std::string_view path, std::string_view folder)
 /// What follows as many folders at the front of a path, with the "/" before it.
 std::string after_folders(const std::string& path, std::size_t depth)
 {
-    std::size_t at = 0;
+    std::size_t at = path.find('/');
     for (; depth > 0; --depth)
         at = path.find('/', at + 1);
     return path.substr(at);

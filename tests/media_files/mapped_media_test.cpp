@@ -76,6 +76,8 @@ TEST_F(mapped_media_, maps_the_root_and_the_letters_of_drives)
     mapped_media media({{"/", place("disk")}, {"/C:", place("disk")}}, {}, out_, display_);
     EXPECT_EQ(media.locate("/Media/clip.mov"), clip);
     EXPECT_EQ(media.locate("/C:/Media/clip.mov"), clip);
+    mapped_media relative({{"Rushes", place("disk")}}, {}, out_, display_);
+    EXPECT_EQ(relative.locate("Rushes/Media/clip.mov"), clip);
 }
 
 TEST_F(mapped_media_, searches_folders_by_name_and_by_the_parents_that_agree)
