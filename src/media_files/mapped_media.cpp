@@ -11,7 +11,6 @@
 #include <array>
 #include <climits>
 #include <cstddef>
-#include <iterator>
 #include <system_error>
 #include <utility>
 
@@ -192,15 +191,17 @@ std::optional<fs::path> mapped_media::find_by_name(const std::string& path)
     return *best.files.front();
 }
 
-/// By the parents that they share with the path. No more groups than it takes to see that they are too many.
+/// By the parents that they share with the path. No more than it takes to see that they are too many.
 std::vector<file_index::group> mapped_media::usable_files_named_as(const std::string& path)
 {
     std::vector<file_index::group> groups;
     std::size_t count = 0;
     searched_->find(path, [&](const file_index::group& group) {
         file_index::group usable;
-        std::copy_if(group.begin(), group.end(), std::back_inserter(usable),
-                     [this](const fs::path* file) { return is_usable(*file); });
+        for (const fs::path* file : group) {
+            if (count + usable.size() <= most_compared_files && is_usable(*file))
+                usable.push_back(file);
+        }
         count += usable.size();
         if (!usable.empty())
             groups.push_back(std::move(usable));

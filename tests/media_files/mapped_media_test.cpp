@@ -394,6 +394,15 @@ TEST_F(files_of_one_name, are_one_file_behind_a_link)
     EXPECT_THAT(told_, testing::IsEmpty());
 }
 
+TEST_F(files_of_one_name, are_not_opened_when_they_are_too_many)
+{
+    for (int i = 100; i < 200; ++i)
+        film("search/" + std::to_string(i) + "/clip.mov", "10 25 1920x1080");
+    EXPECT_EQ(found(), place("search/100/clip.mov"));
+    EXPECT_EQ(probe_.calls, 0);
+    EXPECT_THAT(told_, testing::ElementsAre(testing::HasSubstr(place("search/101/clip.mov") + " or …")));
+}
+
 TEST_F(files_of_one_name, are_not_opened_when_there_is_only_one)
 {
     const auto only = film("search/B/clip.mov", "12 24 960x540");
