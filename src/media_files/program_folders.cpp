@@ -29,11 +29,11 @@ std::filesystem::path resource_folder()
     return installed_or_built(program / TALLYFRAME_DATA_FROM_PROGRAM, program / "resources");
 }
 
-std::filesystem::path pictures_module()
+std::filesystem::path media_program()
 {
+    constexpr const char* name = "tallyframe-media";
     const std::filesystem::path program = program_folder();
-    return installed_or_built(program / TALLYFRAME_MODULES_FROM_PROGRAM / TALLYFRAME_PICTURES_MODULE,
-                              program / TALLYFRAME_PICTURES_MODULE);
+    return installed_or_built(program / TALLYFRAME_PROGRAMS_FROM_PROGRAM / name, program / name);
 }
 
 } // namespace tallyframe

@@ -9,8 +9,8 @@ namespace tallyframe {
 /// program in a build tree.
 std::filesystem::path resource_folder();
 
-/// The module that makes pictures: in the library folder of an installed program, beside the program in a
-/// build tree.
-std::filesystem::path pictures_module();
+/// The program that reads media files: in the folder for programs that nobody starts by hand of an installed
+/// program, beside the program in a build tree.
+std::filesystem::path media_program();
 
 } // namespace tallyframe

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "media_files/helper_media_probe.h"
+#include "media_files/helper_questions.h"
+#include "media_files/helper_tag_reader.h"
 #include "media_files/mapped_media.h"
-#include "media_files/media_probe_module.h"
-#include "media_files/tag_readers.h"
+#include "media_files/mdls_tag_reader.h"
 #include "media_files/thumbnail_folder.h"
 #include "platform/media_services.h"
 #include "run/account.h"
@@ -39,15 +41,18 @@ public:
     media_services services(std::optional<thumbnail_folder>& folder);
 
     /// What was lost on the way to the media, in all reports so far: folders that could not be searched,
-    /// mappings without use, files that had to be guessed.
-    account losses() const { return locator_.losses(); }
+    /// mappings without use, files that had to be guessed, files whose tags could not be read.
+    account losses() const;
 
 private:
     bool wants_pictures_;
     bool keeps_pictures_;
     bool is_asked_for_; ///< whoever wants no pictures and names no folders may well have no media
-    module_media_probe probe_;
+    helper_questions questions_; ///< about files, of one helper that is started for the first
+    helper_media_probe probe_;
     mapped_media locator_;
+    std::optional<mdls_tag_reader> system_tags_; ///< where the system has an index of files
+    helper_tag_reader tags_in_files_;
     remembered_tags tags_;
     std::unique_ptr<thumbnailer> pictures_;
 };

@@ -2,7 +2,6 @@
 #include "media_files/tag_readers.h"
 
 #include "media_files/chunk_tags.h"
-#include "media_files/mdls_output.h"
 #include "media_files/tag_values.h"
 
 #include <taglib/aifffile.h>
@@ -10,23 +9,76 @@
 #include <taglib/fileref.h>
 #include <taglib/flacfile.h>
 #include <taglib/id3v1tag.h>
+#include <taglib/id3v2framefactory.h>
 #include <taglib/id3v2tag.h>
 #include <taglib/infotag.h>
 #include <taglib/mpegfile.h>
 #include <taglib/textidentificationframe.h>
-#include <taglib/tfilestream.h>
+#include <taglib/tiostream.h>
 #include <taglib/tpropertymap.h>
 #include <taglib/wavfile.h>
 #include <taglib/xiphcomment.h>
 
 #include <algorithm>
-#include <cerrno>
-#include <new>
+#include <climits>
+#include <string>
 #include <vector>
 
 namespace tallyframe {
 
 namespace {
+
+/// A library that looks for tags all through a file finds them in its first parts, or there are none: so many
+/// bytes are read at most, and then the file has ended.
+constexpr std::uint64_t most_bytes_read = 64U << 20U;
+
+/// How the library reads a media file: through its descriptor, and never writing.
+class media_stream final : public TagLib::IOStream {
+public:
+    media_stream(const media_file& file, const std::function<void()>& advance)
+        : file_(file), advance_(advance)
+    {
+    }
+
+    TagLib::FileName name() const override { return file_.name().c_str(); }
+    bool isOpen() const override { return file_.is_open(); }
+    bool readOnly() const override { return true; }
+    long length() override { return static_cast<long>(file_.size()); }
+    long tell() const override { return at_; }
+
+    TagLib::ByteVector readBlock(unsigned long length) override
+    {
+        advance_();
+        const std::uint64_t left =
+            at_ < this->length() ? static_cast<std::uint64_t>(this->length() - at_) : 0;
+        const std::uint64_t count = std::min({std::uint64_t{length}, left, most_bytes_read - bytes_read_});
+        TagLib::ByteVector block(static_cast<unsigned int>(count), '\0');
+        const std::size_t got =
+            file_.read(static_cast<std::uint64_t>(at_),
+                       {reinterpret_cast<std::uint8_t*>(block.data()), static_cast<std::size_t>(count)});
+        block.resize(static_cast<unsigned int>(got));
+        bytes_read_ += got;
+        at_ += static_cast<long>(got);
+        return block;
+    }
+
+    void seek(long offset, Position from) override
+    {
+        const long start = from == Beginning ? 0 : from == Current ? at_ : length();
+        at_ = std::max(0L, start + std::clamp(offset, -start, LONG_MAX - start));
+    }
+
+    void writeBlock(const TagLib::ByteVector&) override { }
+    void insert(const TagLib::ByteVector&, unsigned long, unsigned long) override { }
+    void removeBlock(unsigned long, unsigned long) override { }
+    void truncate(long) override { }
+
+private:
+    const media_file& file_;
+    const std::function<void()>& advance_;
+    long at_ = 0;
+    std::uint64_t bytes_read_ = 0;
+};
 
 /// A text as it fits into one line of a cell.
 std::string one_line(const TagLib::String& text)
@@ -114,9 +166,9 @@ bool is_bare_stream(const std::filesystem::path& file)
 }
 
 /// The tags in front of and behind a stream that has no container.
-TagLib::PropertyMap properties_of_stream(const std::filesystem::path& file)
+TagLib::PropertyMap properties_of_stream(TagLib::IOStream& bytes)
 {
-    TagLib::MPEG::File stream(file.c_str(), false);
+    TagLib::MPEG::File stream(&bytes, TagLib::ID3v2::FrameFactory::instance(), false);
     return properties_of(stream);
 }
 
@@ -131,22 +183,21 @@ std::vector<std::string> lines_of(const TagLib::StringList& names)
 
 } // namespace
 
-std::optional<audio_tags> taglib_tag_reader::tags_of(const std::filesystem::path& file)
+std::optional<audio_tags> tags_in_file(const media_file& file, const std::function<void()>& advance)
 {
-    errno = 0;
-    const TagLib::FileRef media(file.c_str(), false);
-    if (media.isNull() && errno == ENOMEM)
-        throw std::bad_alloc();
-    TagLib::FileStream bytes(file.c_str(), true);
-    const std::optional<TagLib::PropertyMap> chunks = chunk_tags(bytes);
-    const bool is_stream = media.isNull() && is_bare_stream(file) && bytes.isOpen();
+    if (!file.is_open())
+        return std::nullopt;
+    media_stream stream(file, advance);
+    const TagLib::FileRef media(&stream, false);
+    const std::optional<TagLib::PropertyMap> chunks = chunk_tags(stream);
+    const bool is_stream = media.isNull() && is_bare_stream(file.name());
     if (media.isNull() && !chunks && !is_stream)
         return std::nullopt;
     TagLib::PropertyMap properties;
     if (!media.isNull())
         properties = properties_of(*media.file());
     if (is_stream)
-        properties = properties_of_stream(file);
+        properties = properties_of_stream(stream);
     if (chunks)
         fill_up(properties, *chunks);
     TagLib::PropertyMap year;
@@ -162,32 +213,6 @@ std::optional<audio_tags> taglib_tag_reader::tags_of(const std::filesystem::path
         .composer = value_of(properties, "COMPOSER"),
         .producer = value_of(properties, "PRODUCER"),
     };
-}
-
-std::optional<audio_tags> mdls_tag_reader::tags_of(const std::filesystem::path& file)
-{
-    std::vector<std::string> arguments;
-    for (const char* attribute : mdls_attributes)
-        arguments.insert(arguments.end(), {"-name", attribute});
-    // A relative path may begin like an option.
-    const std::filesystem::path path = file.is_absolute() ? file : "." / file;
-    arguments.insert(arguments.end(), {"-raw", "-nullMarker", "", path.string()});
-    return tags_in_mdls_output(output_of(program_, arguments, limits_).value_or(""));
-}
-
-std::optional<audio_tags> remembered_tags::tags_of(const std::filesystem::path& file)
-{
-    const auto [entry, is_new] = by_file_.try_emplace(file.string());
-    if (is_new)
-        entry->second = reader_->tags_of(file);
-    return entry->second;
-}
-
-std::unique_ptr<audio_tag_reader> tag_reader_of_this_system()
-{
-    if (auto program = program_on_path("mdls"))
-        return std::make_unique<mdls_tag_reader>(std::move(*program));
-    return std::make_unique<taglib_tag_reader>();
 }
 
 } // namespace tallyframe

@@ -21,17 +21,21 @@ struct media_time {
     bool operator==(const media_time&) const = default;
 };
 
-/// A picture as pixels of three bytes (red, green, blue), row after row without padding, square.
-struct bitmap {
+/// A picture in the size in which the report shows it: the bytes of a JPEG file, of quality 80 of 100. What
+/// made it keeps the pixels to itself.
+struct jpeg_picture {
     int width = 0;
     int height = 0;
-    std::vector<std::uint8_t> rgb;
+    std::vector<std::uint8_t> bytes;
 
-    bool operator==(const bitmap&) const = default;
+    bool operator==(const jpeg_picture&) const = default;
 };
 
-/// A whole picture in its own size, as it travels from an image to an image source.
-using image_data = std::shared_ptr<const bitmap>;
+/// A whole picture on its way from an image to an image source. What it holds is their own business.
+class image_content {
+public:
+    virtual ~image_content() = default;
+};
 
 /// A still picture. The file behind it is opened only when one of these is asked.
 class media_image {
@@ -41,7 +45,7 @@ public:
     virtual bool has_representations() = 0;
 
     /// Nothing when the picture cannot be read.
-    virtual image_data tiff_representation() = 0;
+    virtual std::shared_ptr<const image_content> tiff_representation() = 0;
 };
 
 /// A picture that thumbnails can be made from.
@@ -50,7 +54,7 @@ public:
     virtual ~image_source() = default;
 
     /// The picture reduced so that its longer side has at most `max_pixel_size` pixels; never enlarged.
-    virtual std::optional<bitmap> scaled_bitmap(int max_pixel_size) = 0;
+    virtual std::optional<jpeg_picture> scaled_bitmap(int max_pixel_size) = 0;
 };
 
 /// A media file opened for its tracks.
@@ -63,7 +67,7 @@ public:
 
     /// The frame on display at that time, as a viewer shows it, `width` pixels wide and as high as its aspect
     /// asks. Nothing when no frame is on display then, or it cannot be decoded.
-    virtual std::optional<bitmap> frame_at(media_time time, int width) = 0;
+    virtual std::optional<jpeg_picture> frame_at(media_time time, int width) = 0;
 };
 
 struct movie_frame {
@@ -118,11 +122,8 @@ public:
     virtual opened_movie movie_with_url(const std::filesystem::path& file) = 0;
 
     /// Null when no thumbnail can be made from the data.
-    virtual std::unique_ptr<image_source> image_source_with_data(const image_data& data) = 0;
-
-    /// A JPEG file's bytes. `compression_factor`: 0 (smallest) to 1 (best).
-    virtual std::vector<std::uint8_t> jpeg_representation(const bitmap& picture,
-                                                          double compression_factor) = 0;
+    virtual std::unique_ptr<image_source>
+    image_source_with_data(const std::shared_ptr<const image_content>& data) = 0;
 
     /// Writes a file in place; a failure leaves no file, or a part of one that the caller does not count.
     virtual void write_to_file(std::span<const std::uint8_t> data, const std::filesystem::path& file) = 0;

@@ -50,6 +50,8 @@ constexpr std::array<loss_sentence, loss_kind_count> sentences = {{
      "{} folders could not be searched for media"},
     {loss_kind::absent_pictures, "1 row is without its picture, which could not be made",
      "{} rows are without their pictures, which could not be made"},
+    {loss_kind::unread_tags, "The tags of 1 media file could not be read",
+     "The tags of {} media files could not be read"},
     {loss_kind::supplied_facts, "1 fact that the sequence lacks was supplied",
      "{} facts that the sequence lacks were supplied"},
     {loss_kind::nested_sequences, "1 nested sequence without a media file is not listed",

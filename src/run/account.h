@@ -26,6 +26,7 @@ enum class loss_kind {
     unread_folders, ///< folders below --media-search that could not be read; examples: their paths
     absent_pictures, ///< rows whose picture could not be made or stored, and that show none; examples
                      ///< likewise
+    unread_tags, ///< media files whose tags could not be read; examples: their paths
     supplied_facts, ///< what the sequence lacked and was supplied; examples: "its rate: 25"
     nested_sequences, ///< clip items that are sequences without a media file; examples: "NAME on V2"
     clips_without_media, ///< clip items whose media file the document does not tell
@@ -33,7 +34,7 @@ enum class loss_kind {
     overlapped_clips, ///< clips that a later one of their track covers
     further_channels, ///< clip items of tracks that hold another channel of the track before
 };
-inline constexpr std::size_t loss_kind_count = 20;
+inline constexpr std::size_t loss_kind_count = 21;
 
 /// How much was lost of one kind.
 struct loss {

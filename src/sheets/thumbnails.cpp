@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "sheets/thumbnails.h"
 
+#include "run/failures.h"
 #include "run/log.h"
 #include "text/shortened.h"
 
@@ -16,12 +17,12 @@ namespace tallyframe {
 
 namespace {
 
-constexpr double jpeg_compression_factor = 0.8;
 constexpr double points_per_pixel = 0.75;
 
-/// What reading a clip's frame came to: pixels of the wanted width, or a picture that still has to be scaled.
+/// What reading a clip's frame came to: a frame of the wanted width, or a picture that still has to be
+/// scaled.
 struct obtained_frame {
-    std::optional<bitmap> pixels;
+    std::optional<jpeg_picture> frame;
     std::shared_ptr<media_image> image;
     bool file_is_there = false;
     bool is_placeholder = false;
@@ -84,9 +85,9 @@ void read_from_asset(const std::filesystem::path& file, media_time time, const t
     }
     if (!asset)
         return;
-    obtained.pixels = asset->frame_at(time, bitmap_width(run));
-    if (!obtained.pixels)
-        obtained.pixels = asset->frame_at({0, 1}, bitmap_width(run));
+    obtained.frame = asset->frame_at(time, bitmap_width(run));
+    if (!obtained.frame)
+        obtained.frame = asset->frame_at({0, 1}, bitmap_width(run));
 }
 
 void take_placeholder(const char* name, const thumbnail_run& run, obtained_frame& obtained)
@@ -124,13 +125,14 @@ void obtain_frame(const std::string& path, media_time time, const thumbnail_run&
     obtained.image = run.pictures.image_by_reference(*file);
     if (run.pictures.is_yosemite_or_later())
         read_from_asset(*file, time, run, obtained);
-    if (!obtained.pixels && !run.pictures.is_mojave_or_later())
+    if (!obtained.frame && !run.pictures.is_mojave_or_later())
         read_from_movie(*file, time, run, obtained);
 }
 
-std::optional<bitmap> scaled_image(media_image* image, const thumbnail_run& run)
+std::optional<jpeg_picture> scaled_image(media_image* image, const thumbnail_run& run)
 {
-    const image_data data = image != nullptr ? image->tiff_representation() : nullptr;
+    const std::shared_ptr<const image_content> data =
+        image != nullptr ? image->tiff_representation() : nullptr;
     if (!data) {
         print(run.out, "TIFFRepresentation is nil!!!");
         return std::nullopt;
@@ -140,16 +142,16 @@ std::optional<bitmap> scaled_image(media_image* image, const thumbnail_run& run)
         print(run.out, "CGImageSourceCreateWithData is nil!!!");
         return std::nullopt;
     }
-    std::optional<bitmap> scaled = source->scaled_bitmap(bitmap_width(run));
+    std::optional<jpeg_picture> scaled = source->scaled_bitmap(bitmap_width(run));
     if (!scaled)
         print(run.out, "CGImageSourceCreateThumbnailAtIndex is nil!!!");
     return scaled;
 }
 
-void write_jpeg(const bitmap& picture, const std::filesystem::path& jpeg, thumbnail_run& run)
+void write_jpeg(const jpeg_picture& picture, const std::filesystem::path& jpeg, thumbnail_run& run)
 {
     run.thumbnail_height = picture.height;
-    run.pictures.write_to_file(run.pictures.jpeg_representation(picture, jpeg_compression_factor), jpeg);
+    run.pictures.write_to_file(picture.bytes, jpeg);
 }
 
 /// "Interview, row 2": as a user counts them.
@@ -173,11 +175,13 @@ std::optional<row_picture> make_picture(const clip_record& clip, std::size_t row
     obtained_frame obtained;
     try {
         obtain_frame(path, time_of(time), run, obtained);
+    } catch (const run_cancelled&) {
+        throw;
     } catch (const std::exception&) {
         log(run.out, "RESCUE from thumbnailing");
     }
-    const std::optional<bitmap> picture =
-        obtained.pixels ? std::move(obtained.pixels) : scaled_image(obtained.image.get(), run);
+    const std::optional<jpeg_picture> picture =
+        obtained.frame ? std::move(obtained.frame) : scaled_image(obtained.image.get(), run);
     if (obtained.file_is_there && (!picture || obtained.is_placeholder))
         note_unreadable(path, run);
     const std::filesystem::path jpeg = run.folder / jpeg_name(clip, row);
@@ -217,6 +221,8 @@ std::optional<row_picture> make_thumbnail(const clip_record& clip, std::size_t r
     try {
         if (clip.image_time)
             made = make_picture(clip, row, run);
+    } catch (const run_cancelled&) {
+        throw;
     } catch (const std::exception& error) {
         log(run.out, fmt::format("no thumbnail: {}", error.what()));
     }

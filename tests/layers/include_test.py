@@ -30,6 +30,7 @@ LOWER = {
 # Inside a folder: its rooms from the lowest up. None may include from a room above it.
 ROOMS = {
     "workbook": [r"\w+\.h", r"records/\w+\.(h|cpp)", r"file/\w+\.(h|cpp)", r"\w+\.cpp"],
+    "media_files": [r"\w+\.(h|cpp)", r"pictures/\w+\.(h|cpp)", r"helper/\w+\.(h|cpp)"],
     "window": [r"models/\w+\.(h|cpp)", r"desktop/\w+\.(h|cpp)", r"runs/\w+\.(h|cpp)", r"panels/\w+\.(h|cpp)",
                r"\w+\.(h|cpp)"],
 }
@@ -48,7 +49,9 @@ OPEN_HEADERS = {
 LIBRARIES = {
     r"libxml/": "document/",
     r"nlohmann/": "cli/|analysis/title_text",
-    r"taglib|libav|libsw|turbojpeg|jpeglib": "media_files/",
+    r"taglib": "media_files/(tag_readers|chunk_tags)",
+    r"libav|libsw|turbojpeg|jpeglib": "media_files/pictures/",
+    r"seccomp": "media_files/helper/",
     r"Q[A-Z]\w+": "window/",
     r"Q(Widget|Dialog|Label|LineEdit|Frame|\w+(Widget|Button|Box|Layout|View|Dialog))$": r"window/(panels/|\w+\.)",
     r"unicode/": "text/|workbook/|sequence_to_spreadsheet/file_name_part",

@@ -55,6 +55,12 @@ struct fake_media {
     std::vector<expected_frame> expected;
     std::string pixels_from;
     std::string jpeg; ///< instead of the text, where it is not empty
+
+    jpeg_picture picture(int width) const
+    {
+        const std::string& bytes = jpeg.empty() ? pixels_from : jpeg;
+        return {width, frame_height, {bytes.begin(), bytes.end()}};
+    }
 };
 
 bool is_start(media_time time)
@@ -72,10 +78,10 @@ public:
     fake_image(fake_media& media, std::string name) : media_(media), name_(std::move(name)) { }
     bool is_valid() override { return media_.image_is_valid; }
     bool has_representations() override { return media_.image_has_representations; }
-    image_data tiff_representation() override
+    std::shared_ptr<const image_content> tiff_representation() override
     {
         media_.pixels_from = name_;
-        return media_.image_has_data ? std::make_shared<const bitmap>() : nullptr;
+        return media_.image_has_data ? std::make_shared<const image_content>() : nullptr;
     }
 
 private:
@@ -86,11 +92,12 @@ private:
 class fake_source final : public image_source {
 public:
     explicit fake_source(fake_media& media) : media_(media) { }
-    std::optional<bitmap> scaled_bitmap(int max_pixel_size) override
+    std::optional<jpeg_picture> scaled_bitmap(int max_pixel_size) override
     {
         media_.asked.push_back("scaled to " + std::to_string(max_pixel_size));
-        return media_.source_makes_a_bitmap ? std::optional(bitmap{max_pixel_size, media_.frame_height, {}})
-                                            : std::nullopt;
+        if (media_.encoder_throws)
+            throw std::runtime_error("no JPEG today");
+        return media_.source_makes_a_bitmap ? std::optional(media_.picture(max_pixel_size)) : std::nullopt;
     }
 
 private:
@@ -101,7 +108,7 @@ class fake_asset final : public media_asset {
 public:
     explicit fake_asset(fake_media& media) : media_(media) { }
     std::size_t track_count() override { return media_.asset_tracks; }
-    std::optional<bitmap> frame_at(media_time time, int width) override
+    std::optional<jpeg_picture> frame_at(media_time time, int width) override
     {
         media_.asked.push_back("asset frame " + text_of(time));
         if (media_.asset_throws)
@@ -109,7 +116,7 @@ public:
         if (!(is_start(time) ? media_.asset_frame_at_start : media_.asset_frame_at_time))
             return std::nullopt;
         media_.pixels_from = "asset";
-        return bitmap{width, media_.frame_height, {}};
+        return media_.picture(width);
     }
 
 private:
@@ -165,17 +172,9 @@ public:
             opened.error = "an error";
         return opened;
     }
-    std::unique_ptr<image_source> image_source_with_data(const image_data&) override
+    std::unique_ptr<image_source> image_source_with_data(const std::shared_ptr<const image_content>&) override
     {
         return media_.data_makes_a_source ? std::make_unique<fake_source>(media_) : nullptr;
-    }
-    std::vector<std::uint8_t> jpeg_representation(const bitmap&, double compression_factor) override
-    {
-        if (media_.encoder_throws)
-            throw std::runtime_error("no JPEG today");
-        EXPECT_EQ(compression_factor, 0.8);
-        const std::string& bytes = media_.jpeg.empty() ? media_.pixels_from : media_.jpeg;
-        return {bytes.begin(), bytes.end()};
     }
     void write_to_file(std::span<const std::uint8_t> data, const std::filesystem::path& file) override
     {
@@ -434,7 +433,7 @@ TEST_F(thumbnails, say_which_step_of_the_encoding_failed)
 TEST_F(thumbnails, survive_an_encoder_and_a_disk_that_fail)
 {
     media.encoder_throws = true;
-    EXPECT_EQ(make(clip()), std::nullopt);
+    EXPECT_EQ(make(clip("Clip", "/offline.mov")), std::nullopt);
     EXPECT_THAT(out.text, HasSubstr("no thumbnail: no JPEG today"));
     media.encoder_throws = false;
     media.disk_is_full = true;

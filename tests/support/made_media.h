@@ -2,7 +2,7 @@
 #pragma once
 
 #include "media_files/child_process.h"
-#include "platform/thumbnailer.h"
+#include "media_files/pictures/bitmap.h"
 #include "support/temporary_folder.h"
 
 #include <filesystem>

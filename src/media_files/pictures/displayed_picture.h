@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "media_files/pictures/bitmap.h"
 #include "media_files/pictures/ffmpeg_handles.h"
-#include "platform/thumbnailer.h"
 
 #include <cstdint>
 #include <optional>

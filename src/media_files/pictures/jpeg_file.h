@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/thumbnailer.h"
+#include "media_files/pictures/bitmap.h"
 
 #include <cstdint>
 #include <vector>

@@ -15,15 +15,15 @@ constexpr std::size_t most_open_files = 8;
 
 constexpr std::size_t most_picture_bytes = 128U << 20U;
 
-picture_key key_of(const std::filesystem::path& file, media_time time, int width)
+picture_key key_of(const media_file& file, media_time time, int width)
 {
-    return {file.string(), time.value, time.timescale, width};
+    return {file.name().string(), time.value, time.timescale, width};
 }
 
 } // namespace
 
-media_reader::media_reader(diagnostics& out, std::chrono::milliseconds longest)
-    : out_(out), limit_(longest), pictures_(most_picture_bytes)
+media_reader::media_reader(diagnostics& out, time_limit limit)
+    : out_(out), limit_(std::move(limit)), pictures_(most_picture_bytes)
 {
 }
 
@@ -33,14 +33,14 @@ void media_reader::expect(std::span<const expected_frame> frames)
         expected_[frame.file.string()].push_back(frame.time);
 }
 
-std::size_t media_reader::track_count(const std::filesystem::path& file)
+std::size_t media_reader::track_count(const media_file& file)
 {
     limit_.start();
     const video_file* video = opened(file);
     return video != nullptr ? video->track_count() : 0;
 }
 
-std::optional<bitmap> media_reader::frame_at(const std::filesystem::path& file, media_time time, int width)
+std::optional<bitmap> media_reader::frame_at(const media_file& file, media_time time, int width)
 {
     const picture_key key = key_of(file, time, width);
     image_data picture = pictures_.find(key);
@@ -51,9 +51,9 @@ std::optional<bitmap> media_reader::frame_at(const std::filesystem::path& file, 
     return picture ? std::optional(*picture) : std::nullopt;
 }
 
-image_data media_reader::read_frame(const std::filesystem::path& file, media_time time, int width)
+image_data media_reader::read_frame(const media_file& file, media_time time, int width)
 {
-    if (too_slow_.contains(file.string()))
+    if (too_slow_.contains(file.name().string()))
         return nullptr;
     limit_.start();
     const pictures_by_the_way others = {
@@ -67,13 +67,13 @@ image_data media_reader::read_frame(const std::filesystem::path& file, media_tim
     if (picture)
         return std::make_shared<const bitmap>(std::move(*picture));
     if (limit_.is_over()) {
-        out_.write("media: given up, it takes too long to decode: " + file.string() + "\n");
-        too_slow_.insert(file.string());
+        out_.write("media: given up, it takes too long to decode: " + file.name().string() + "\n");
+        too_slow_.insert(file.name().string());
     }
     return nullptr;
 }
 
-image_data media_reader::still(const std::filesystem::path& file)
+image_data media_reader::still(const media_file& file)
 {
     const picture_key key = key_of(file, {}, 0);
     image_data picture = pictures_.find(key);
@@ -84,9 +84,9 @@ image_data media_reader::still(const std::filesystem::path& file)
     return picture;
 }
 
-video_file* media_reader::opened(const std::filesystem::path& file)
+video_file* media_reader::opened(const media_file& file)
 {
-    const std::string path = file.string();
+    const std::string path = file.name().string();
     const auto found = std::find_if(open_files_.begin(), open_files_.end(),
                                     [&](const open_file& candidate) { return candidate.path == path; });
     if (found != open_files_.end()) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "media_files/media_file.h"
+#include "media_files/pictures/bitmap.h"
 #include "media_files/pictures/picture_cache.h"
 #include "media_files/pictures/time_limit.h"
 #include "media_files/pictures/video_file.h"
@@ -9,7 +11,6 @@
 
 #include <chrono>
 #include <cstddef>
-#include <filesystem>
 #include <list>
 #include <memory>
 #include <optional>
@@ -25,19 +26,23 @@ namespace tallyframe {
 /// asked for again.
 class media_reader {
 public:
-    explicit media_reader(diagnostics& out, std::chrono::milliseconds longest = std::chrono::seconds(10));
+    explicit media_reader(diagnostics& out, std::chrono::milliseconds longest = std::chrono::seconds(10))
+        : media_reader(out, time_limit(longest))
+    {
+    }
+    media_reader(diagnostics& out, time_limit limit);
 
     void expect(std::span<const expected_frame> frames);
 
     /// 0 for what is no media file, and for stills.
-    std::size_t track_count(const std::filesystem::path& file);
+    std::size_t track_count(const media_file& file);
 
     /// The frame on display at a time, `width` pixels wide. Nothing for stills. A file that has once taken
     /// longer than the limit is not tried again.
-    std::optional<bitmap> frame_at(const std::filesystem::path& file, media_time time, int width);
+    std::optional<bitmap> frame_at(const media_file& file, media_time time, int width);
 
     /// A still picture. Null for anything else.
-    image_data still(const std::filesystem::path& file);
+    image_data still(const media_file& file);
 
 private:
     struct open_file {
@@ -46,9 +51,9 @@ private:
     };
 
     /// Null for what is no media file. Stays valid until the next call.
-    video_file* opened(const std::filesystem::path& file);
+    video_file* opened(const media_file& file);
 
-    image_data read_frame(const std::filesystem::path& file, media_time time, int width);
+    image_data read_frame(const media_file& file, media_time time, int width);
 
     diagnostics& out_;
     time_limit limit_;

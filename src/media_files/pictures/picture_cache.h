@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "media_files/pictures/bitmap.h"
 #include "platform/thumbnailer.h"
 
 #include <cstddef>

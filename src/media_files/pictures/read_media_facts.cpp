@@ -3,17 +3,11 @@
 
 #include "media_files/pictures/container_formats.h"
 #include "media_files/pictures/displayed_picture.h"
-#include "media_files/pictures/ffmpeg_handles.h"
-#include "media_files/pictures/time_limit.h"
-
-extern "C" {
-#include <libavutil/log.h>
-}
+#include "media_files/pictures/opened_media.h"
 
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
-#include <new>
 #include <span>
 #include <string>
 #include <string_view>
@@ -22,33 +16,6 @@ extern "C" {
 namespace tallyframe {
 
 namespace {
-
-int stop_when_over(void* limit)
-{
-    return static_cast<const time_limit*>(limit)->is_over() ? 1 : 0;
-}
-
-format_context_ptr opened(const std::filesystem::path& file, time_limit& limit)
-{
-    av_log_set_level(AV_LOG_QUIET); // what a file suffers from is not for the user's terminal
-    AVFormatContext* format = avformat_alloc_context();
-    if (format == nullptr)
-        throw std::bad_alloc();
-    format->interrupt_callback = {stop_when_over, &limit};
-    const std::string formats = std::string(container_formats) + "," + still_formats;
-    AVDictionary* options = nullptr;
-    const bool is_confined = av_dict_set(&options, "format_whitelist", formats.c_str(), 0) >= 0
-        && av_dict_set(&options, "protocol_whitelist", "file", 0) >= 0;
-    if (is_confined)
-        avformat_open_input(&format, ("file:" + file.string()).c_str(), nullptr, &options); // null: it failed
-    av_dict_free(&options);
-    format_context_ptr owned(format);
-    if (!is_confined)
-        throw std::bad_alloc();
-    if (!owned || avformat_find_stream_info(format, nullptr) < 0)
-        return nullptr;
-    return owned;
-}
 
 std::string_view text_of(const AVDictionary* texts, const char* name)
 {
@@ -111,13 +78,12 @@ bool is_of_pictures(const AVStream& track)
 
 } // namespace
 
-std::optional<media_facts> read_media_facts(const std::filesystem::path& file,
-                                            std::chrono::milliseconds longest)
+std::optional<media_facts> read_media_facts(const media_file& file, time_limit limit)
 {
-    time_limit limit(longest);
     limit.start();
-    const format_context_ptr format = opened(file, limit);
-    if (!format || format->nb_streams == 0)
+    const std::string formats = std::string(container_formats) + "," + still_formats;
+    const auto [input, format] = open_media_as(formats.c_str(), file, limit);
+    if (!format || avformat_find_stream_info(format.get(), nullptr) < 0 || format->nb_streams == 0)
         return std::nullopt;
 
     const AVStream* pictures = nullptr;

@@ -12,7 +12,6 @@ extern "C" {
 
 #include <algorithm>
 #include <array>
-#include <fstream>
 #include <string>
 #include <string_view>
 
@@ -23,7 +22,7 @@ namespace {
 using namespace std::string_view_literals;
 
 /// Stills are read whole into memory; layered pictures of half a gigabyte exist, larger ones do not pay.
-constexpr std::uintmax_t largest_file = 512U << 20U;
+constexpr std::uint64_t largest_file = 512U << 20U;
 
 struct still_kind {
     AVCodecID codec;
@@ -68,24 +67,22 @@ constexpr std::array<still_extension, 5> kinds_by_extension = {{
     {AV_CODEC_ID_QDRAW, ".pict"},
 }};
 
-std::string first_bytes(const std::filesystem::path& file)
+std::string first_bytes(const media_file& file)
 {
-    std::string bytes(532, '\0');
-    std::ifstream in(file, std::ios::binary);
-    in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    bytes.resize(static_cast<std::size_t>(in.gcount()));
-    return bytes;
+    std::array<std::uint8_t, 532> bytes = {};
+    const std::size_t count = file.read(0, bytes);
+    return {bytes.begin(), bytes.begin() + count};
 }
 
-std::string lower_case_extension(const std::filesystem::path& file)
+std::string lower_case_extension(const media_file& file)
 {
-    std::string extension = file.extension().string();
+    std::string extension = file.name().extension().string();
     std::transform(extension.begin(), extension.end(), extension.begin(),
                    [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
     return extension;
 }
 
-AVCodecID codec_of(const std::filesystem::path& file)
+AVCodecID codec_of(const media_file& file)
 {
     const std::string bytes = first_bytes(file);
     for (const still_kind& kind : kinds_by_mark) {
@@ -100,16 +97,14 @@ AVCodecID codec_of(const std::filesystem::path& file)
     return AV_CODEC_ID_NONE;
 }
 
-packet_ptr whole_file(const std::filesystem::path& file)
+packet_ptr whole_file(const media_file& file)
 {
-    std::error_code error;
-    const std::uintmax_t size = std::filesystem::file_size(file, error);
     packet_ptr packet(av_packet_alloc());
-    if (error || size > largest_file || !packet || av_new_packet(packet.get(), static_cast<int>(size)) < 0)
+    if (!file.is_open() || file.size() > largest_file || !packet
+        || av_new_packet(packet.get(), static_cast<int>(file.size())) < 0)
         return nullptr;
-    std::ifstream in(file, std::ios::binary);
-    in.read(reinterpret_cast<char*>(packet->data), packet->size);
-    av_shrink_packet(packet.get(), static_cast<int>(in.gcount()));
+    const std::size_t count = file.read(0, {packet->data, static_cast<std::size_t>(packet->size)});
+    av_shrink_packet(packet.get(), static_cast<int>(count));
     return packet;
 }
 
@@ -133,12 +128,12 @@ frame_ptr decoded(AVCodecID id, const AVPacket& packet)
 
 } // namespace
 
-bool is_still_picture(const std::filesystem::path& file)
+bool is_still_picture(const media_file& file)
 {
     return codec_of(file) != AV_CODEC_ID_NONE;
 }
 
-image_data read_still_picture(const std::filesystem::path& file)
+image_data read_still_picture(const media_file& file)
 {
     av_log_set_level(AV_LOG_QUIET);
     const packet_ptr packet = whole_file(file);

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/thumbnailer.h"
-
-#include <filesystem>
+#include "media_files/media_file.h"
+#include "media_files/pictures/bitmap.h"
 
 namespace tallyframe {
 
@@ -12,10 +11,10 @@ inline constexpr int largest_thumbnail_side = 1920;
 
 /// Whether a file is a still picture (JPEG, JPEG 2000, JPEG XL, PNG, TIFF, TGA, DPX, EXR, PSD, BMP, GIF,
 /// WebP, PICT …), by its first bytes or, for the kinds without such a mark, by its name.
-bool is_still_picture(const std::filesystem::path& file);
+bool is_still_picture(const media_file& file);
 
 /// A still picture as a viewer shows it, reduced to largest_thumbnail_side. Null when it cannot be read; TIFF
 /// in tiles, with JPEG inside, or of over 4 GB (BigTIFF) cannot.
-image_data read_still_picture(const std::filesystem::path& file);
+image_data read_still_picture(const media_file& file);
 
 } // namespace tallyframe

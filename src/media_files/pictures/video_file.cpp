@@ -21,7 +21,7 @@ constexpr auto extra_time = std::chrono::seconds(1);
 
 } // namespace
 
-video_file::video_file(std::filesystem::path file, std::unique_ptr<video_stream> stream,
+video_file::video_file(media_file file, std::unique_ptr<video_stream> stream,
                        std::span<const media_time> expected, const time_limit& limit)
     : file_(std::move(file)), stream_(std::move(stream)), limit_(limit)
 {
@@ -29,8 +29,8 @@ video_file::video_file(std::filesystem::path file, std::unique_ptr<video_stream>
         expect(expected);
 }
 
-std::unique_ptr<video_file> video_file::open(const std::filesystem::path& file,
-                                             std::span<const media_time> expected, const time_limit& limit)
+std::unique_ptr<video_file> video_file::open(const media_file& file, std::span<const media_time> expected,
+                                             const time_limit& limit)
 {
     std::unique_ptr<video_stream> stream = video_stream::open(file, limit);
     if (!stream)

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "media_files/media_file.h"
+#include "media_files/pictures/bitmap.h"
 #include "media_files/pictures/time_limit.h"
 #include "media_files/pictures/video_stream.h"
 #include "platform/thumbnailer.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -27,8 +28,8 @@ struct pictures_by_the_way {
 class video_file {
 public:
     /// `expected`: times that frame_at will be asked for, in any order. Null when it is no media file.
-    static std::unique_ptr<video_file> open(const std::filesystem::path& file,
-                                            std::span<const media_time> expected, const time_limit& limit);
+    static std::unique_ptr<video_file> open(const media_file& file, std::span<const media_time> expected,
+                                            const time_limit& limit);
 
     std::size_t track_count() const { return stream_->track_count(); }
 
@@ -43,8 +44,8 @@ private:
         media_time time;
     };
 
-    video_file(std::filesystem::path file, std::unique_ptr<video_stream> stream,
-               std::span<const media_time> expected, const time_limit& limit);
+    video_file(media_file file, std::unique_ptr<video_stream> stream, std::span<const media_time> expected,
+               const time_limit& limit);
 
     void expect(std::span<const media_time> times);
     bool is_expected(std::int64_t tick) const;
@@ -60,7 +61,7 @@ private:
     bool advance();
     std::optional<bitmap> picture(int width) const;
 
-    std::filesystem::path file_;
+    media_file file_;
     std::unique_ptr<video_stream> stream_;
     const time_limit& limit_;
     std::vector<expected_picture> expected_; ///< in the order of their ticks; none: any may be asked for

@@ -2,9 +2,9 @@
 #include "media_files/pictures/video_stream.h"
 
 #include "media_files/pictures/container_formats.h"
+#include "media_files/pictures/opened_media.h"
 
 extern "C" {
-#include <libavutil/log.h>
 #include <libavutil/mathematics.h>
 }
 
@@ -12,7 +12,6 @@ extern "C" {
 #include <cmath>
 #include <cstdlib>
 #include <new>
-#include <string>
 #include <string_view>
 #include <thread>
 #include <utility>
@@ -27,34 +26,6 @@ constexpr int most_threads = 4;
 
 /// The slowest decoder gets a limit of its own, so that a single frame ends within the time limit.
 constexpr std::int64_t largest_wavelet_frame_pixels = 25'000'000;
-
-int stop_when_over(void* limit)
-{
-    return static_cast<const time_limit*>(limit)->is_over() ? 1 : 0;
-}
-
-/// Null when it is no media file.
-format_context_ptr opened_input(const std::filesystem::path& file, const time_limit& limit)
-{
-    av_log_set_level(AV_LOG_QUIET); // what a file suffers from is not for the user's terminal
-    const std::string url = "file:" + file.string();
-    AVFormatContext* format = avformat_alloc_context();
-    if (format == nullptr)
-        throw std::bad_alloc();
-    // Handed back to stop_when_over, which only reads it.
-    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast)
-    format->interrupt_callback = {stop_when_over, const_cast<time_limit*>(&limit)};
-    AVDictionary* options = nullptr;
-    const bool is_confined = av_dict_set(&options, "format_whitelist", container_formats, 0) >= 0
-        && av_dict_set(&options, "protocol_whitelist", "file", 0) >= 0;
-    if (is_confined)
-        avformat_open_input(&format, url.c_str(), nullptr, &options); // null when it fails
-    av_dict_free(&options);
-    format_context_ptr owned(format);
-    if (!is_confined)
-        throw std::bad_alloc();
-    return owned;
-}
 
 /// The time of the first video packet behind a place in a file.
 std::optional<std::int64_t> tick_behind(AVFormatContext& format, std::int64_t place)
@@ -75,13 +46,13 @@ std::optional<std::int64_t> tick_behind(AVFormatContext& format, std::int64_t pl
 
 /// Whether a transport stream is several, one after the other, so that times come again: looks at some
 /// places.
-bool is_joined_of_parts(const std::filesystem::path& file, const time_limit& limit)
+bool is_joined_of_parts(const media_file& file, const time_limit& limit)
 {
     constexpr std::int64_t ticks_per_second = 90'000;
     constexpr std::int64_t half_of_all_ticks = std::int64_t{1}
         << 32; // an earlier time may count as a later one
     constexpr int places = 64;
-    const format_context_ptr format = opened_input(file, limit);
+    const auto [input, format] = open_media_as(container_formats, file, limit);
     if (!format)
         return false;
     const std::int64_t size = avio_size(format->pb);
@@ -227,15 +198,16 @@ bool times_every_frame(const AVFormatContext& format)
 
 } // namespace
 
-video_stream::video_stream(format_context_ptr format, const time_limit& limit)
-    : limit_(limit), format_(std::move(format)), packet_(av_packet_alloc())
+video_stream::video_stream(std::unique_ptr<media_input> input, format_context_ptr format,
+                           const time_limit& limit)
+    : limit_(limit), input_(std::move(input)), format_(std::move(format)), packet_(av_packet_alloc())
 {
     if (!packet_)
         throw std::bad_alloc();
     choose_track();
 }
 
-std::unique_ptr<video_stream> video_stream::open(const std::filesystem::path& file, const time_limit& limit)
+std::unique_ptr<video_stream> video_stream::open(const media_file& file, const time_limit& limit)
 {
     std::unique_ptr<video_stream> stream = open_as_stored(file, limit);
     if (!stream || !stream->has_video())
@@ -252,13 +224,12 @@ std::unique_ptr<video_stream> video_stream::open(const std::filesystem::path& fi
     return stream;
 }
 
-std::unique_ptr<video_stream> video_stream::open_as_stored(const std::filesystem::path& file,
-                                                           const time_limit& limit)
+std::unique_ptr<video_stream> video_stream::open_as_stored(const media_file& file, const time_limit& limit)
 {
-    format_context_ptr format = opened_input(file, limit);
+    auto [input, format] = open_media_as(container_formats, file, limit);
     if (!format || avformat_find_stream_info(format.get(), nullptr) < 0)
         return nullptr;
-    return std::unique_ptr<video_stream>(new video_stream(std::move(format), limit));
+    return std::unique_ptr<video_stream>(new video_stream(std::move(input), std::move(format), limit));
 }
 
 void video_stream::choose_track()

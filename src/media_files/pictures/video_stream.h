@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "media_files/media_file.h"
 #include "media_files/pictures/displayed_picture.h"
 #include "media_files/pictures/ffmpeg_handles.h"
+#include "media_files/pictures/media_input.h"
 #include "media_files/pictures/time_limit.h"
 #include "platform/thumbnailer.h"
 
 #include <cstdint>
-#include <filesystem>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -24,13 +25,13 @@ struct timed_frame {
 /// The video track of a media file: its frames in the order of display, from the file's start or from a key
 /// frame on.
 ///
-/// Only local files of known container formats are opened: a playlist in disguise would make the library
-/// fetch what it names. All work ends early when the time limit is over.
+/// Only known container formats are read, and nothing but the file itself: a playlist in disguise would make
+/// the library fetch what it names. All work ends early when the time limit is over.
 class video_stream {
 public:
     /// Null when the file is no media file. It may still have no video; only track_count means something
     /// then.
-    static std::unique_ptr<video_stream> open(const std::filesystem::path& file, const time_limit& limit);
+    static std::unique_ptr<video_stream> open(const media_file& file, const time_limit& limit);
 
     std::size_t track_count() const { return format_->nb_streams; }
 
@@ -78,10 +79,9 @@ public:
     timed_frame next();
 
 private:
-    video_stream(format_context_ptr format, const time_limit& limit);
+    video_stream(std::unique_ptr<media_input> input, format_context_ptr format, const time_limit& limit);
 
-    static std::unique_ptr<video_stream> open_as_stored(const std::filesystem::path& file,
-                                                        const time_limit& limit);
+    static std::unique_ptr<video_stream> open_as_stored(const media_file& file, const time_limit& limit);
 
     void choose_track();
     bool begins_without_time();
@@ -95,6 +95,7 @@ private:
     std::optional<std::int64_t> start_of(const AVFrame& frame);
 
     const time_limit& limit_;
+    std::unique_ptr<media_input> input_; ///< outlives what reads it
     format_context_ptr format_;
     AVStream* track_ = nullptr;
     codec_context_ptr decoder_;

@@ -118,8 +118,8 @@ TEST_F(media_reader_, follows_no_playlist_in_disguise)
 
 TEST_F(media_reader_, opens_no_address_that_looks_like_a_path)
 {
-    EXPECT_EQ(reader.track_count("http://127.0.0.1:1/film.mp4"), 0U);
-    EXPECT_EQ(reader.track_count("concat:/etc/passwd"), 0U);
+    EXPECT_EQ(reader.track_count(std::filesystem::path("http://127.0.0.1:1/film.mp4")), 0U);
+    EXPECT_EQ(reader.track_count(std::filesystem::path("concat:/etc/passwd")), 0U);
 }
 
 TEST_F(media_reader_, opens_files_whatever_their_names)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "media_files/helper_thumbnailer.h"
 #include "media_files/mapped_media.h"
-#include "media_files/pictures/ffmpeg_thumbnailer.h"
 #include "media_files/pictures/still_picture.h"
 #include "media_files/program_folders.h"
 #include "sheets/thumbnails.h"
@@ -16,7 +16,7 @@ using namespace tallyframe::testing_support;
 namespace {
 
 /// The steps of a row on the real thing.
-class ffmpeg_thumbnailer_ : public testing::Test {
+class helper_thumbnailer_ : public testing::Test {
 protected:
     /// The row's picture, read back.
     image_data row_picture(const std::filesystem::path& file, rational image_time)
@@ -48,18 +48,20 @@ protected:
     }
 
     made_media media_;
-
-private:
     kept_diagnostics out_;
     no_progress display_;
+    helper_thumbnailer pictures_{
+        resource_folder(),
+        std::make_unique<picture_makers>(makers_settings{media_program(), 1, {}}, out_, display_)};
+
+private:
     mapped_media locator_{{}, {}, out_, display_};
-    ffmpeg_thumbnailer pictures_{resource_folder(), out_};
     temporary_folder folder_;
     thumbnail_run run_{pictures_, locator_, out_, folder_.path(), 320, {}, {}, {}};
     std::size_t row_ = 0;
 };
 
-TEST_F(ffmpeg_thumbnailer_, shows_the_frame_at_the_in_point)
+TEST_F(helper_thumbnailer_, shows_the_frame_at_the_in_point)
 {
     const auto film = media_.film("film.mov", "30000/1001", 60, long_gop);
     constexpr std::int64_t frame = 1001; // of a second's 30000
@@ -68,13 +70,13 @@ TEST_F(ffmpeg_thumbnailer_, shows_the_frame_at_the_in_point)
     EXPECT_EQ(row_picture(film, {0, 1})->width, 320);
 }
 
-TEST_F(ffmpeg_thumbnailer_, shows_the_first_frame_when_the_film_is_too_short)
+TEST_F(helper_thumbnailer_, shows_the_first_frame_when_the_film_is_too_short)
 {
     const auto film = media_.film("film.mov", "25", 10, long_gop);
     EXPECT_EQ(number_shown(film, {100, 1}), 0);
 }
 
-TEST_F(ffmpeg_thumbnailer_, shows_a_still_at_any_time_within_the_width)
+TEST_F(helper_thumbnailer_, shows_a_still_at_any_time_within_the_width)
 {
     const auto still =
         media_.make("portrait.jpg", {"-f", "lavfi", "-i", "color=red:s=600x800", "-frames:v", "1"});
@@ -85,7 +87,7 @@ TEST_F(ffmpeg_thumbnailer_, shows_a_still_at_any_time_within_the_width)
     EXPECT_GT(color_at(*picture, 50, 50)[0], 240);
 }
 
-TEST_F(ffmpeg_thumbnailer_, shows_placeholders_for_what_is_missing_or_cannot_be_read)
+TEST_F(helper_thumbnailer_, shows_placeholders_for_what_is_missing_or_cannot_be_read)
 {
     EXPECT_TRUE(is_placeholder(row_picture(media_.folder() / "none.mov", {0, 1}), "Missing.png"));
     const auto text = write_file(media_.folder() / "text.mov", "I am no film.");
@@ -97,28 +99,25 @@ TEST_F(ffmpeg_thumbnailer_, shows_placeholders_for_what_is_missing_or_cannot_be_
     EXPECT_EQ(row_picture(text, {0, 1})->height, 180);
 }
 
-TEST_F(ffmpeg_thumbnailer_, reduces_each_picture_to_each_size)
+TEST_F(helper_thumbnailer_, reduces_each_placeholder_to_each_size)
 {
-    kept_diagnostics out;
-    ffmpeg_thumbnailer pictures(resource_folder(), out);
     const auto reduced = [&](const char* name, int size) {
-        const auto image = pictures.image_by_reference(resource_folder() / name)->tiff_representation();
-        return pictures.image_source_with_data(image)->scaled_bitmap(size).value();
+        const auto image = pictures_.image_by_reference(resource_folder() / name)->tiff_representation();
+        return pictures_.image_source_with_data(image)->scaled_bitmap(size).value();
     };
-    const bitmap missing = reduced("Missing.png", 160);
+    const jpeg_picture missing = reduced("Missing.png", 160);
     EXPECT_EQ(missing.width, 160);
+    EXPECT_EQ(missing.height, 90);
     EXPECT_EQ(reduced("Missing.png", 160), missing);
     EXPECT_NE(reduced("Problem.png", 160), missing);
     EXPECT_EQ(reduced("Problem.png", 320).width, 320);
     EXPECT_EQ(reduced("Missing.png", 160), missing);
 }
 
-TEST_F(ffmpeg_thumbnailer_, says_that_a_file_cannot_be_written)
+TEST_F(helper_thumbnailer_, says_that_a_file_cannot_be_written)
 {
-    kept_diagnostics out;
-    ffmpeg_thumbnailer pictures(resource_folder(), out);
     const std::vector<std::uint8_t> bytes = {1, 2, 3};
-    EXPECT_THROW(pictures.write_to_file(bytes, media_.folder() / "nowhere" / "a.jpg"), std::runtime_error);
+    EXPECT_THROW(pictures_.write_to_file(bytes, media_.folder() / "nowhere" / "a.jpg"), std::runtime_error);
 }
 
 } // namespace
