@@ -36,6 +36,7 @@ struct raw_report_flags {
     std::string thumbnails;
     std::vector<std::string> media_map;
     std::string handles;
+    std::string memory;
 };
 
 struct color_flag {
@@ -171,6 +172,22 @@ void add_media_flags(CLI::App& report, raw_report_flags& raw, report_request& re
         ->option_text(" ")
         ->group(media_group)
         ->needs(thumbnails);
+    report
+        .add_flag_callback(
+            "--no-cache", [&request] { request.picture_store = false; },
+            "Make each picture anew: none of earlier reports is used, none is kept for later ones")
+        ->group(media_group);
+    report
+        .add_option(
+            "--memory", raw.memory,
+            "At most so much memory for reading media, such as 800M or 2G (a quarter of the machine's)")
+        ->option_text("SIZE")
+        ->group(media_group);
+    report
+        .add_flag_callback(
+            "--no-tags", [&request] { request.options.audio_tags = false; },
+            "Leave out song titles and the other tags of audio files, and do not read them")
+        ->group(media_group);
     add_media_place_flags(report, raw, request);
 }
 
@@ -267,6 +284,24 @@ media_mapping mapping_of(const std::string& text)
     return {text.substr(0, equals), text.substr(equals + 1)};
 }
 
+/// "800M" or "2G". Less than any film needs is refused.
+std::uint64_t memory_in(const std::string& text)
+{
+    constexpr std::uint64_t least = 128U << 20U;
+    constexpr std::uint64_t most_units = 1U << 20U;
+    std::uint64_t units = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), units);
+    const std::string_view unit(end, text.data() + text.size());
+    const int shift = unit == "M" ? 20 : unit == "G" ? 30 : 0;
+    const std::uint64_t bytes = error == std::errc() && units <= most_units ? units << shift : 0;
+    if (shift == 0 || bytes < least)
+        throw usage_error(
+            fmt::format("--memory: {} is no size from 128M on. Write a whole number and M or G, "
+                        "such as --memory 800M or --memory 2G.",
+                        visible_name(text)));
+    return bytes;
+}
+
 void apply_handles(const std::string& text, report_options& options)
 {
     constexpr std::int64_t most = 1'000'000;
@@ -286,6 +321,8 @@ void fill_in_media_places(const CLI::App& command, const raw_report_flags& raw, 
         apply_handles(raw.handles, request.options);
     for (const std::string& mapping : raw.media_map)
         request.media_map.push_back(mapping_of(mapping));
+    if (command.count("--memory") > 0)
+        request.media_memory = memory_in(raw.memory);
     for (const std::filesystem::path& folder : request.media_search) {
         std::error_code unreadable;
         if (!std::filesystem::is_directory(folder, unreadable))

@@ -5,6 +5,7 @@
 #include "media_files/mapped_media.h"
 #include "report/report_options.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <stdexcept>
@@ -37,6 +38,8 @@ struct report_request {
     report_options options;
     std::vector<media_mapping> media_map;
     std::vector<std::filesystem::path> media_search;
+    bool picture_store = true; ///< pictures of earlier reports are used and new ones kept
+    std::uint64_t media_memory = 0; ///< bytes; 0 for a quarter of the machine's
     bool quiet = false;
     bool progress = false;
 };

@@ -181,7 +181,8 @@ exit_code write_reports(run_state& state, const report_request& request,
                         const std::vector<planned_report>& reports, std::ostream& err)
 {
     report_media media({request.options.inpoint_thumbnail_jpegs, request.options.keep_thumbnails,
-                        request.media_map, request.media_search, request.options.media_sheet},
+                        request.media_map, request.media_search, request.options.media_sheet,
+                        request.picture_store, request.media_memory},
                        state.diagnostic_output, state.display);
     const bool is_one = reports.size() == 1;
     exit_code code = done;

@@ -64,14 +64,30 @@ private:
 } // namespace
 
 helper_thumbnailer::helper_thumbnailer(std::filesystem::path resources,
-                                       std::unique_ptr<picture_makers> makers)
-    : resources_(std::move(resources)), makers_(std::move(makers))
+                                       std::unique_ptr<picture_makers> makers,
+                                       std::unique_ptr<picture_store> store)
+    : resources_(std::move(resources)), makers_(std::move(makers)), store_(std::move(store))
 {
 }
 
 void helper_thumbnailer::prepare(std::span<const expected_frame> frames)
 {
-    makers_->plan(frames);
+    std::vector<expected_frame> to_make;
+    for (const expected_frame& frame : frames) {
+        if (!store_ || !store_->contains({frame.file.string(), frame.time, frame.width}))
+            to_make.push_back(frame);
+    }
+    makers_->plan(to_make);
+}
+
+std::optional<jpeg_picture> helper_thumbnailer::picture(const picture_key& key)
+{
+    if (std::optional<jpeg_picture> kept = store_ ? store_->find(key) : std::nullopt)
+        return kept;
+    std::optional<jpeg_picture> made = makers_->picture(key);
+    if (made && store_)
+        store_->keep(key, *made);
+    return made;
 }
 
 std::shared_ptr<media_image> helper_thumbnailer::image_by_reference(const std::filesystem::path& file)
@@ -80,7 +96,7 @@ std::shared_ptr<media_image> helper_thumbnailer::image_by_reference(const std::f
         const picture_key key = {file.string(), time, width};
         auto found = placeholders_.find(key);
         if (found == placeholders_.end())
-            found = placeholders_.emplace(key, makers_->picture(key)).first;
+            found = placeholders_.emplace(key, picture(key)).first;
         return found->second;
     });
 }
@@ -88,7 +104,7 @@ std::shared_ptr<media_image> helper_thumbnailer::image_by_reference(const std::f
 std::shared_ptr<media_asset> helper_thumbnailer::asset_with_url(const std::filesystem::path& file)
 {
     return std::make_shared<film>([this, file](media_time time, int width) {
-        return makers_->picture({file.string(), time, width});
+        return picture({file.string(), time, width});
     });
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "media_files/picture_makers.h"
+#include "media_files/picture_store.h"
 #include "platform/thumbnailer.h"
 
 #include <filesystem>
@@ -18,8 +19,9 @@ namespace tallyframe {
 /// problem placeholder.
 class helper_thumbnailer final : public thumbnailer {
 public:
-    /// `resources`: where the placeholders are.
-    helper_thumbnailer(std::filesystem::path resources, std::unique_ptr<picture_makers> makers);
+    /// `resources`: where the placeholders are. `store`: pictures of earlier runs; may be null.
+    helper_thumbnailer(std::filesystem::path resources, std::unique_ptr<picture_makers> makers,
+                       std::unique_ptr<picture_store> store = nullptr);
 
     void prepare(std::span<const expected_frame> frames) override;
     bool is_yosemite_or_later() const override { return true; }
@@ -33,8 +35,11 @@ public:
     void write_to_file(std::span<const std::uint8_t> data, const std::filesystem::path& file) override;
 
 private:
+    std::optional<jpeg_picture> picture(const picture_key& key);
+
     std::filesystem::path resources_;
     std::unique_ptr<picture_makers> makers_;
+    std::unique_ptr<picture_store> store_;
     std::map<picture_key, std::optional<jpeg_picture>> placeholders_; ///< row after row shows the same ones
 };
 

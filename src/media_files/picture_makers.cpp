@@ -6,7 +6,6 @@
 #include <poll.h>
 
 #include <algorithm>
-#include <tuple>
 #include <utility>
 
 namespace tallyframe {
@@ -29,12 +28,6 @@ bool is_earlier(media_time a, media_time b)
 }
 
 } // namespace
-
-bool picture_key::operator<(const picture_key& other) const
-{
-    return std::tie(file, width, time.value, time.timescale)
-        < std::tie(other.file, other.width, other.time.value, other.time.timescale);
-}
 
 picture_makers::picture_makers(makers_settings settings, diagnostics& out, progress& display)
     : settings_(std::move(settings)), out_(out), display_(display), workers_(settings_.helpers)

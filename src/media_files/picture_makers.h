@@ -2,6 +2,7 @@
 #pragma once
 
 #include "media_files/media_helper.h"
+#include "media_files/picture_key.h"
 #include "platform/thumbnailer.h"
 #include "run/diagnostics.h"
 #include "run/progress.h"
@@ -17,15 +18,6 @@
 #include <vector>
 
 namespace tallyframe {
-
-/// Which picture: a file, a moment, and a width.
-struct picture_key {
-    std::string file;
-    media_time time;
-    int width = 0;
-
-    bool operator<(const picture_key& other) const;
-};
 
 struct makers_settings {
     std::filesystem::path program;

@@ -18,8 +18,11 @@ namespace {
 /// Files that decode side by side; each decoder may use several processors as well.
 constexpr unsigned most_helpers = 8;
 
-/// Less is not enough for the largest films that are in use.
-constexpr std::uint64_t least_memory_of_a_helper = 1ULL << 30U;
+/// Less is not enough for the largest films that are in use: rather one helper than several.
+constexpr std::uint64_t memory_for_a_helper = 1ULL << 30U;
+
+/// Less is not enough for any film.
+constexpr std::uint64_t least_limit = 128U << 20U;
 
 std::uint64_t memory_of_this_machine()
 {
@@ -34,17 +37,24 @@ std::optional<mdls_tag_reader> system_tag_reader()
 }
 
 /// As many helpers as there are processors, as long as each has memory for the largest films.
-makers_settings settings_of_makers()
+makers_settings settings_of_makers(std::uint64_t most_memory)
 {
-    const std::uint64_t memory = memory_of_this_machine() / 4;
+    const std::uint64_t memory = most_memory != 0 ? most_memory : memory_of_this_machine() / 4;
     const std::uint64_t processors = std::clamp(std::thread::hardware_concurrency(), 1U, most_helpers);
     makers_settings settings = {media_program(), 1, {}};
-    settings.helpers = std::clamp<std::uint64_t>(memory / least_memory_of_a_helper, 1, processors);
-    settings.limits.memory = std::max(memory / settings.helpers, least_memory_of_a_helper);
+    settings.helpers = std::clamp<std::uint64_t>(memory / memory_for_a_helper, 1, processors);
+    settings.limits.memory = std::max(memory / settings.helpers, least_limit);
     return settings;
 }
 
-std::unique_ptr<thumbnailer> made_thumbnailer(diagnostics& out, progress& display)
+std::unique_ptr<picture_store> store_of_this_user()
+{
+    const std::optional<std::filesystem::path> cache = user_cache_folder();
+    return cache ? std::make_unique<picture_store>(*cache / "tallyframe" / "pictures", media_program())
+                 : nullptr;
+}
+
+std::unique_ptr<thumbnailer> made_thumbnailer(const media_choice& choice, diagnostics& out, progress& display)
 {
     if (access(media_program().c_str(), X_OK) != 0)
         throw failure(
@@ -52,7 +62,9 @@ std::unique_ptr<thumbnailer> made_thumbnailer(diagnostics& out, progress& displa
             "report without thumbnails. ("
             + media_program().string() + ")");
     return std::make_unique<helper_thumbnailer>(
-        resource_folder(), std::make_unique<picture_makers>(settings_of_makers(), out, display));
+        resource_folder(),
+        std::make_unique<picture_makers>(settings_of_makers(choice.most_memory), out, display),
+        choice.uses_store ? store_of_this_user() : nullptr);
 }
 
 } // namespace
@@ -65,7 +77,7 @@ report_media::report_media(const media_choice& choice, diagnostics& out, progres
       locator_(choice.map, choice.search, out, display, &probe_), system_tags_(system_tag_reader()),
       tags_in_files_(questions_),
       tags_(system_tags_ ? static_cast<audio_tag_reader&>(*system_tags_) : tags_in_files_),
-      pictures_(wants_pictures_ ? made_thumbnailer(out, display) : nullptr)
+      pictures_(wants_pictures_ ? made_thumbnailer(choice, out, display) : nullptr)
 {
 }
 

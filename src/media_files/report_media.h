@@ -11,6 +11,7 @@
 #include "run/account.h"
 #include "run/diagnostics.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -25,6 +26,8 @@ struct media_choice {
     std::vector<media_mapping> map;
     std::vector<std::filesystem::path> search;
     bool checks_files = false; ///< opens them to see what they are
+    bool uses_store = true; ///< pictures are kept from one report to the next, in the user's cache folder
+    std::uint64_t most_memory = 0; ///< bytes for all that reads media; 0 for a quarter of the machine's
 };
 
 /// What a host looks at media files with, for one report or several of one document.

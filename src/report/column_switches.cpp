@@ -37,6 +37,8 @@ column_switches chosen_columns(const report_options& options, bool is_sequence)
         const bool wanted = layout ? is_on_in(*layout, entry.title) : entry.on_by_default;
         switches.set(entry.which, wanted && (is_sequence || !entry.off_for_bins));
     }
+    if (!options.audio_tags)
+        switches.set(column_switch::id3_metadata, false);
     return switches;
 }
 

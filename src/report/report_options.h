@@ -81,6 +81,7 @@ struct report_options {
     bool report_enabled_only = false;
     bool skip_video_clip_audio = false; ///< videoClipAudioCheckbox
 
+    bool audio_tags = true; ///< off: the columns of "ID3 Metadata" are left out, whatever the layout says
     bool inpoint_thumbnail_jpegs = false;
     std::int64_t thumbnail_width = 320; ///< pixels
     bool keep_thumbnails = false; ///< keepThumbnailsCheckbox

@@ -66,6 +66,33 @@ TEST(media_arguments, split_mappings_at_the_first_equals_sign)
         EXPECT_THAT(refusal_of({"--media-map", mapping}), testing::HasSubstr("is no mapping")) << mapping;
 }
 
+TEST(media_arguments, use_the_pictures_of_earlier_reports_unless_told_otherwise)
+{
+    EXPECT_TRUE(parsed({}).picture_store);
+    EXPECT_FALSE(parsed({"--no-cache"}).picture_store);
+}
+
+TEST(media_arguments, read_tags_unless_told_otherwise)
+{
+    EXPECT_TRUE(parsed({}).options.audio_tags);
+    EXPECT_FALSE(parsed({"--no-tags"}).options.audio_tags);
+}
+
+TEST(media_arguments, bound_the_memory)
+{
+    EXPECT_EQ(parsed({}).media_memory, 0U);
+    EXPECT_EQ(parsed({"--memory", "800M"}).media_memory, 800ULL << 20U);
+    EXPECT_EQ(parsed({"--memory=2G"}).media_memory, 2ULL << 30U);
+    for (const std::string size :
+         {"", "2", "127M", "0G", "-1G", "2T", "2GB", "M", "9999999999G", "99999999999999999999G"}) {
+        EXPECT_EQ(
+            refusal_of({"--memory=" + size}),
+            "--memory: \"" + size
+                + "\" is no size from 128M on. Write a whole number and M or G, such as --memory 800M or "
+                  "--memory 2G.");
+    }
+}
+
 TEST(media_arguments, search_folders_that_are_there)
 {
     const report_request request = parsed({"--media-search", "/", "--media-search", "/tmp"});

@@ -38,7 +38,8 @@ class Installed(unittest.TestCase):
 
     def run_program(self, *arguments):
         run = subprocess.run([self.prefix / "bin" / "tallyframe", *arguments], capture_output=True, text=True,
-                             timeout=PATIENCE, cwd=self.folder)
+                             timeout=PATIENCE, cwd=self.folder,
+                             env={**os.environ, "XDG_CACHE_HOME": str(self.folder / "cache")})
         self.assertEqual(run.returncode, 0, run.stderr)
         return run.stdout
 

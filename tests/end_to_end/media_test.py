@@ -153,6 +153,38 @@ class Reports(ReportRuns):
         self.assertIn(f'"media: cannot search {unread}: Input/output error"\n', run.stdout)
         self.assertIn(f"tallyframe: 1 folder could not be searched for media ({unread}).\n", run.stderr)
 
+    def test_pictures_of_earlier_reports_are_used_unless_told_otherwise(self):
+        make_film(self.film)
+        document = timeline([(f"Clip {i}", self.film, i) for i in range(5)])
+        self.report(document, "--thumbnails", "--no-cache")
+        self.assertFalse((self.folder / "cache").exists())
+        made = self.workbook.read_bytes()
+        self.report(document, "--thumbnails")
+        self.assertEqual(self.workbook.read_bytes(), made)
+        inode_and_times = self.film.stat()
+        with open(self.film, "r+b") as film:  # the same file as far as can be told
+            film.write(bytes(inode_and_times.st_size))
+        os.utime(self.film, ns=(inode_and_times.st_atime_ns, inode_and_times.st_mtime_ns))
+        self.report(document, "--thumbnails")
+        self.assertEqual(self.workbook.read_bytes(), made, "not decoded a second time")
+        self.report(document, "--thumbnails", "--no-cache")
+        self.assertNotEqual(self.workbook.read_bytes(), made)
+
+    def test_a_small_bound_on_memory_costs_no_picture_of_a_small_film(self):
+        make_film(self.film)
+        document = timeline([(f"Clip {i}", self.film, i) for i in range(5)])
+        self.report(document, "--thumbnails", "--no-cache")
+        made = self.workbook.read_bytes()
+        self.report(document, "--thumbnails", "--no-cache", "--memory=128M")
+        self.assertEqual(self.workbook.read_bytes(), made)
+
+    def test_tags_are_left_out_with_their_columns(self):
+        song = self.folder / "music" / "song.mp3"
+        make_song(song)
+        self.report(timeline([], [("Song", song, 0)]), "--no-tags")
+        header = xlrd.open_workbook(self.workbook).sheet_by_name("All Reels").row_values(0)
+        self.assertEqual([title for title in header if title in TAG_HEADERS], [])
+
     def test_a_name_that_is_no_file_name_has_a_picture_all_the_same(self):
         make_film(self.film)
         names = ["../../Clip", "x" * 300, "Clip"]

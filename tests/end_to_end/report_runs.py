@@ -37,7 +37,8 @@ class ReportRuns(unittest.TestCase):
         return b"__asan_init" in Path(self.program).read_bytes()
 
     def environment(self, **more):
-        return {**os.environ, "TMPDIR": str(self.temporary), **more}
+        return {**os.environ, "TMPDIR": str(self.temporary), "XDG_CACHE_HOME": str(self.folder / "cache"),
+                **more}
 
     def report(self, document, *options, code=0, **environment):
         run = subprocess.run(self.command(document, *options), env=self.environment(**environment),
