@@ -54,6 +54,17 @@ constexpr int allowed_calls[] = {
     SCMP_SYS(sigaltstack),
 };
 
+scmp_arg_cmp first_is(scmp_datum_t value)
+{
+    return {0, SCMP_CMP_EQ, value, 0};
+}
+
+/// Of an argument, counted from 0, the bits in `mask`.
+scmp_arg_cmp bits_are(unsigned argument, scmp_datum_t mask, scmp_datum_t value)
+{
+    return {argument, SCMP_CMP_MASKED_EQ, mask, value};
+}
+
 void limit(__rlimit_resource resource, rlim_t most)
 {
     const rlimit both = {most, most};
@@ -75,10 +86,10 @@ void allow_only_reading()
     for (const int call : allowed_calls)
         allow(call);
     for (const int call : {SCMP_SYS(recvmsg), SCMP_SYS(sendmsg)})
-        allow(call, SCMP_A0(SCMP_CMP_EQ, STDIN_FILENO));
+        allow(call, first_is(STDIN_FILENO));
     for (const int call : {SCMP_SYS(mmap), SCMP_SYS(mprotect)}) // no code but that of the libraries
-        allow(call, SCMP_A2(SCMP_CMP_MASKED_EQ, PROT_EXEC, 0));
-    allow(SCMP_SYS(clone), SCMP_A0(SCMP_CMP_MASKED_EQ, CLONE_THREAD, CLONE_THREAD));
+        allow(call, bits_are(2, PROT_EXEC, 0));
+    allow(SCMP_SYS(clone), bits_are(0, CLONE_THREAD, CLONE_THREAD));
     // Its flags lie in memory, where no filter sees them; told that there is no such call, clone is used.
     is_made = is_made && seccomp_rule_add(filter.get(), SCMP_ACT_ERRNO(ENOSYS), SCMP_SYS(clone3), 0) == 0;
     if (is_made)
