@@ -1,15 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "media_files/child_process.h"
 
+#include "media_files/media_file.h"
+
 #include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstdint>
 #include <cstdlib>
 #include <new>
 #include <string_view>
@@ -22,25 +26,6 @@ namespace {
 
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
-
-class file_descriptor {
-public:
-    explicit file_descriptor(int number) : number_(number) { }
-    file_descriptor(const file_descriptor&) = delete;
-    file_descriptor& operator=(const file_descriptor&) = delete;
-    ~file_descriptor() { close(); }
-
-    int number() const { return number_; }
-    void close()
-    {
-        if (number_ >= 0)
-            ::close(number_);
-        number_ = -1;
-    }
-
-private:
-    int number_;
-};
 
 /// Throws std::bad_alloc: in so far as these calls can fail at all, memory is what they lack.
 void prepare(int result)
@@ -104,7 +89,9 @@ std::optional<std::string> read_all(int input, const output_limits& limits)
         if (left <= 0)
             return std::nullopt;
         pollfd readable = {input, POLLIN, 0};
-        if (poll(&readable, 1, static_cast<int>(left)) <= 0)
+        const int ready = poll(&readable, 1, static_cast<int>(std::min<std::int64_t>(left, 100)));
+        limits.look();
+        if (ready <= 0)
             continue;
         const ssize_t count = read(input, buffer.data(), buffer.size());
         if (count == 0)
@@ -158,10 +145,20 @@ std::optional<std::string> output_of(const std::filesystem::path& program,
     if (!child)
         return std::nullopt;
 
-    std::optional<std::string> printed = read_all(input.number(), limits);
-    if (!printed)
+    const auto end = [&] {
         kill(-*child, SIGKILL);
-    return wait_status(*child) == 0 ? printed : std::nullopt;
+        wait_status(*child);
+    };
+    try {
+        std::optional<std::string> printed = read_all(input.number(), limits);
+        if (printed)
+            return wait_status(*child) == 0 ? printed : std::nullopt;
+    } catch (...) {
+        end();
+        throw;
+    }
+    end();
+    return std::nullopt;
 }
 
 } // namespace tallyframe

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstddef>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -17,6 +18,7 @@ std::optional<std::filesystem::path> program_on_path(const std::string& name);
 struct output_limits {
     std::chrono::milliseconds time = std::chrono::seconds(5);
     std::size_t bytes = 64U << 10U;
+    std::function<void()> look = [] {}; ///< called ten times a second; what it throws ends the program
 };
 
 /// What a program prints on its standard output. The arguments reach it as they are: there is no shell.

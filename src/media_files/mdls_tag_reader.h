@@ -16,7 +16,7 @@ namespace tallyframe {
 class mdls_tag_reader final : public audio_tag_reader {
 public:
     explicit mdls_tag_reader(std::filesystem::path program, output_limits limits = {})
-        : program_(std::move(program)), limits_(limits)
+        : program_(std::move(program)), limits_(std::move(limits))
     {
     }
 

@@ -8,7 +8,7 @@
 
 namespace tallyframe {
 
-/// Which picture: a file, a moment, and a width.
+/// Which picture: a file, a moment, and a width (0 for a still in its own size).
 struct picture_key {
     std::string file;
     media_time time;

@@ -30,10 +30,14 @@ std::uint64_t memory_of_this_machine()
     return sysinfo(&machine) == 0 ? std::uint64_t{machine.totalram} * machine.mem_unit : 0;
 }
 
-std::optional<mdls_tag_reader> system_tag_reader()
+std::optional<mdls_tag_reader> system_tag_reader(progress& display)
 {
     const std::optional<std::filesystem::path> mdls = program_on_path("mdls");
-    return mdls ? std::optional<mdls_tag_reader>(*mdls) : std::nullopt;
+    if (!mdls)
+        return std::nullopt;
+    output_limits limits;
+    limits.look = [&display] { display.leave_if_cancelled(); };
+    return mdls_tag_reader(*mdls, limits);
 }
 
 /// As many helpers as there are processors, as long as each has memory for the largest films.
@@ -74,7 +78,7 @@ report_media::report_media(const media_choice& choice, diagnostics& out, progres
       is_asked_for_(choice.wants_pictures || !choice.map.empty() || !choice.search.empty()
                     || choice.checks_files),
       questions_(media_program(), {}, display), probe_(questions_),
-      locator_(choice.map, choice.search, out, display, &probe_), system_tags_(system_tag_reader()),
+      locator_(choice.map, choice.search, out, display, &probe_), system_tags_(system_tag_reader(display)),
       tags_in_files_(questions_),
       tags_(system_tags_ ? static_cast<audio_tag_reader&>(*system_tags_) : tags_in_files_),
       pictures_(wants_pictures_ ? made_thumbnailer(choice, out, display) : nullptr)

@@ -66,6 +66,17 @@ TEST(output_of, ends_a_program_and_its_children_after_the_time_limit)
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
 }
 
+TEST(output_of, ends_a_program_when_whoever_waits_for_it_leaves)
+{
+    const temporary_folder folder;
+    const auto slow = script(folder.path() / "slow", "sleep 30 &\nsleep 30\n");
+    output_limits limits = {.time = std::chrono::seconds(30), .bytes = 100};
+    limits.look = [] { throw std::runtime_error("stop"); };
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_THROW(output_of(slow, {}, limits), std::runtime_error);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+}
+
 TEST(output_of, ends_a_program_that_prints_too_much)
 {
     EXPECT_EQ(output_of("/usr/bin/yes", {}, {.time = std::chrono::seconds(20), .bytes = 10000}),

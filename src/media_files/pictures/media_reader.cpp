@@ -17,7 +17,7 @@ constexpr std::size_t most_picture_bytes = 128U << 20U;
 
 picture_key key_of(const media_file& file, media_time time, int width)
 {
-    return {file.name().string(), time.value, time.timescale, width};
+    return {file.name().string(), time, width};
 }
 
 } // namespace

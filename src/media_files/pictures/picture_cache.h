@@ -1,28 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "media_files/picture_key.h"
 #include "media_files/pictures/bitmap.h"
-#include "platform/thumbnailer.h"
 
 #include <cstddef>
 #include <list>
 #include <map>
 #include <memory>
-#include <string>
-#include <utility>
 
 namespace tallyframe {
-
-/// Which picture: a file, a moment, and a width (0 for a still in its own size).
-struct picture_key {
-    std::string file;
-    std::int64_t value = 0;
-    std::int64_t timescale = 1;
-    int width = 0;
-
-    // clang-tidy 14 sees a null pointer written as 0 in it
-    auto operator<=>(const picture_key&) const = default; // NOLINT(modernize-use-nullptr)
-};
 
 /// Keeps pictures until their bytes pass a limit; then the one unused for longest goes.
 class picture_cache {

@@ -162,21 +162,21 @@ TEST(picture_cache, drops_what_was_unused_for_longest)
 {
     const auto picture = std::make_shared<const bitmap>(bitmap{10, 10, std::vector<std::uint8_t>(1000)});
     picture_cache cache(3000);
-    cache.keep({"a", 0, 1, 10}, picture);
-    cache.keep({"b", 0, 1, 10}, picture);
-    EXPECT_EQ(cache.find({"a", 0, 1, 10}), picture);
-    cache.keep({"c", 0, 1, 10}, picture);
-    EXPECT_FALSE(cache.contains({"b", 0, 1, 10}));
-    EXPECT_TRUE(cache.contains({"a", 0, 1, 10}));
-    EXPECT_TRUE(cache.contains({"c", 0, 1, 10}));
+    cache.keep({"a", {0, 1}, 10}, picture);
+    cache.keep({"b", {0, 1}, 10}, picture);
+    EXPECT_EQ(cache.find({"a", {0, 1}, 10}), picture);
+    cache.keep({"c", {0, 1}, 10}, picture);
+    EXPECT_FALSE(cache.contains({"b", {0, 1}, 10}));
+    EXPECT_TRUE(cache.contains({"a", {0, 1}, 10}));
+    EXPECT_TRUE(cache.contains({"c", {0, 1}, 10}));
 }
 
 TEST(picture_cache, remembers_what_could_not_be_read)
 {
     picture_cache cache(3000);
-    cache.keep({"a", 0, 1, 10}, nullptr);
-    EXPECT_TRUE(cache.contains({"a", 0, 1, 10}));
-    EXPECT_EQ(cache.find({"a", 0, 1, 10}), nullptr);
+    cache.keep({"a", {0, 1}, 10}, nullptr);
+    EXPECT_TRUE(cache.contains({"a", {0, 1}, 10}));
+    EXPECT_EQ(cache.find({"a", {0, 1}, 10}), nullptr);
 }
 
 } // namespace
