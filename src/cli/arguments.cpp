@@ -321,8 +321,6 @@ void fill_in_media_places(const CLI::App& command, const raw_report_flags& raw, 
         apply_handles(raw.handles, request.options);
     for (const std::string& mapping : raw.media_map)
         request.media_map.push_back(mapping_of(mapping));
-    if (command.count("--memory") > 0)
-        request.media_memory = memory_in(raw.memory);
     for (const std::filesystem::path& folder : request.media_search) {
         std::error_code unreadable;
         if (!std::filesystem::is_directory(folder, unreadable))
@@ -354,6 +352,8 @@ void fill_in(const CLI::App& report, const raw_report_flags& raw, report_request
         check_color(request.options.*flag.color, flag.name);
     if (report.count("--thumbnails") > 0)
         apply_thumbnails(raw.thumbnails, request.options);
+    if (report.count("--memory") > 0)
+        request.media_memory = memory_in(raw.memory);
     fill_in_media_places(report, raw, request);
 }
 

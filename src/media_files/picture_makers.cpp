@@ -68,8 +68,12 @@ std::optional<jpeg_picture> picture_makers::picture(const picture_key& key)
         --uses->second;
         return found->second;
     }
-    std::optional<jpeg_picture> picture = std::move(found->second);
-    bytes_ahead_ -= picture ? picture->bytes.size() : 0;
+    if (!found->second) {
+        made_.erase(found);
+        return std::nullopt;
+    }
+    jpeg_picture picture = *std::move(found->second);
+    bytes_ahead_ -= picture.bytes.size();
     made_.erase(found);
     return picture;
 }

@@ -96,16 +96,18 @@ sheet sheet_of_checked_media(std::vector<checked_media> files, const sequence_cl
 {
     const auto kept = std::make_shared<const std::vector<checked_media>>(std::move(files));
     table_sheet<checked_media> table = {
-        .name = std::string(media_check_name),
-        .columns = columns_of(columns),
-        .records = {},
-        // owns the records: the sheet lives on its own
-        .look_of_row = [kept](std::size_t row) { return look_of_state((*kept)[row].state); }};
-    for (const checked_media& media : *kept)
+        .name = std::string(media_check_name), .columns = columns_of(columns), .records = {}, .looks = {}};
+    for (const checked_media& media : *kept) {
         table.records.push_back(&media);
+        table.looks.push_back(look_of_state(media.state));
+    }
     if (!kept->empty() && kept->front().state != media_state::unchecked)
         table.total = total_line{.column = bytes_column, .sum = std::to_string(totals_of(*kept).bytes)};
-    return sheet_of(std::move(table), clock);
+    sheet made = sheet_of(std::move(table), clock);
+    made.cell = [kept, cell = std::move(made.cell)](std::size_t row, std::size_t column) {
+        return cell(row, column); // owns the records: the sheet lives on its own
+    };
+    return made;
 }
 
 void add_media_sheet(const report_frame& frame, growing_report& report)

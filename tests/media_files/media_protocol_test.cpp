@@ -58,7 +58,8 @@ TEST(media_protocol, carries_facts_of_media)
     EXPECT_EQ(facts_in(received(message_of(std::optional<media_facts>())))->facts, std::nullopt);
     facts.duration = std::numeric_limits<double>::infinity();
     EXPECT_FALSE(facts_in(received(message_of(std::optional(facts))))) << "no file lasts for ever";
-    facts = {.frame_size = pixel_size{-1, 1}};
+    facts = {};
+    facts.frame_size = pixel_size{-1, 1};
     EXPECT_FALSE(facts_in(received(message_of(std::optional(facts)))));
 }
 

@@ -16,8 +16,8 @@ struct opened_media {
     format_context_ptr format;
 };
 
-/// Opens a file that is of one of these formats (FFmpeg's names, with commas between them). What it names besides
-/// itself stays closed. Reading ends when `limit` is over, which must outlive what is opened.
+/// Opens a file that is of one of these formats (FFmpeg's names, with commas between them). What it names
+/// besides itself stays closed. Reading ends when `limit` is over, which must outlive what is opened.
 opened_media open_media_as(const char* formats, const media_file& file, const time_limit& limit);
 
 } // namespace tallyframe
