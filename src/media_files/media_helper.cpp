@@ -86,6 +86,7 @@ public:
         std::array<char*, 3> arguments = {name.data(), most_memory.data(), nullptr};
         std::vector<std::string> kept = kept_environment();
         std::vector<char*> environment;
+        environment.reserve(kept.size() + 1);
         for (std::string& variable : kept)
             environment.push_back(variable.data());
         environment.push_back(nullptr);

@@ -164,7 +164,7 @@ void picture_makers::begin(worker& at, file_job job)
 
 void picture_makers::ask(worker& at, const picture_key& awaited)
 {
-    const auto ask_for = [&](std::deque<media_time>::iterator time) {
+    const auto ask_for = [&](const std::deque<media_time>::iterator& time) {
         at.helper->ask(message_of(picture_question{*time, at.job->width}));
         at.asked.push_back(*time);
         at.job->times.erase(time);
