@@ -21,6 +21,10 @@ constexpr option_checkbox rows[] = {
          "option_checkbox",
          "Leaves out audio clips whose media file is also used by a video clip, so that camera sound "
          "is not listed twice")},
+    {"audioTagsCheckbox", &report_options::audio_tags,
+     QT_TRANSLATE_NOOP("option_checkbox", "Song titles and other tags"),
+     QT_TRANSLATE_NOOP("option_checkbox",
+                       "Columns with title, album and authors out of each audio file. Reads those files")},
 };
 
 constexpr option_checkbox pictures[] = {

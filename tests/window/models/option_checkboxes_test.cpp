@@ -29,7 +29,8 @@ TEST(option_checkboxes, have_names_that_stay_as_settings_are_kept_under_them)
                 ElementsAre("markersSheetsCheckbox", "generatorsSheetCheckbox", "transitionsSheetCheckbox",
                             "filtersSheetCheckbox", "motionSheetCheckbox", "summarySheetCheckbox",
                             "mediaSheetCheckbox", "reelSheetsCheckbox"));
-    EXPECT_THAT(names_of(row_checkboxes()), ElementsAre("enabledOnlyCheckbox", "videoClipAudioCheckbox"));
+    EXPECT_THAT(names_of(row_checkboxes()),
+                ElementsAre("enabledOnlyCheckbox", "videoClipAudioCheckbox", "audioTagsCheckbox"));
     EXPECT_THAT(names_of(picture_checkboxes()),
                 ElementsAre("inpointThumbnailsCheckbox", "keepThumbnailsCheckbox"));
 }
@@ -44,7 +45,7 @@ TEST(option_checkboxes, stand_for_an_option_each_and_explain_it)
             options.push_back(box.option);
         }
     }
-    EXPECT_EQ(options.size(), 12U);
+    EXPECT_EQ(options.size(), 13U);
 }
 
 } // namespace tallyframe::window
