@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Sequences without an identifier, which are left out unless they are asked for, and files of other kinds.
-#include "cli/run.h"
+#include "cli/command_runs.h"
 #include "support/small_files.h"
 #include "support/temporary_folder.h"
 #include "support/xmeml_builder.h"
 
 #include <gtest/gtest.h>
-
-#include <sstream>
 
 namespace tallyframe::cli {
 
@@ -16,21 +14,6 @@ namespace {
 using testing_support::clip;
 using testing_support::scratch_folder;
 using testing_support::write_file;
-using testing_support::xmeml;
-
-struct outcome {
-    int code;
-    std::string out;
-    std::string err;
-};
-
-outcome run_with(const std::vector<std::string>& arguments)
-{
-    std::ostringstream out;
-    std::ostringstream err;
-    const int code = run(arguments, out, err);
-    return {code, out.str(), err.str()};
-}
 
 /// Without an identifier, a timecode or, for an empty text, a name.
 std::string unidentified(const std::string& name)
@@ -42,12 +25,12 @@ std::string unidentified(const std::string& name)
 
 std::string only_unidentified()
 {
-    return xmeml().with(unidentified("Scene 1") + unidentified("")).text();
+    return testing_support::xmeml().with(unidentified("Scene 1") + unidentified("")).text();
 }
 
 std::string mixed()
 {
-    return xmeml()
+    return testing_support::xmeml()
         .sequence("Cut", {.uuid = "U-1"})
         .video_track({clip("A")})
         .with(unidentified("Scene 1"))
