@@ -2,6 +2,7 @@
 #include "document/parse_xml.h"
 
 #include "document/character_repair.h"
+#include "document/gentle_repair.h"
 #include "document/tolerant_parser.h"
 #include "run/failures.h"
 #include "run/gui_mode.h"
@@ -50,11 +51,13 @@ struct mended_document {
     xml_document document;
     dropped_characters dropped;
     std::size_t remaining_errors = 0; ///< none of them fatal
+    std::size_t reread = 0; ///< bytes that were read as Windows-1252
 };
 
-/// Parses the text once more with all lines clean, prints what is still wrong with it, and fails if that is
+/// Parses the text once more with all lines clean, and prints what is still wrong with it. False if that is
 /// fatal.
-void parse_for_the_last_time(std::string& text, mended_document& mended, diagnostics& out, progress& display)
+bool parse_with_all_lines_clean(std::string& text, mended_document& mended, diagnostics& out,
+                                progress& display)
 {
     clean_all_lines(text, mended.dropped, display);
     bool is_fatal = false;
@@ -72,8 +75,33 @@ void parse_for_the_last_time(std::string& text, mended_document& mended, diagnos
     if (passed == parser_limit::text_length)
         throw load_error("The document holds a text of more than 10 million characters. Please shorten it, "
                          "then export the document again.");
-    if (is_fatal && mended.document.root())
+    return !is_fatal || !mended.document.root();
+}
+
+/// Parses the document with as little taken out as can be, where the usual repair has left nothing to use: a
+/// letter in Latin-1 takes two bytes of markup with it there. Fails if that does not help either.
+mended_document parse_gently(const xml_input& input, progress& display)
+{
+    mended_document mended;
+    xml_input gently;
+    {
+        const std::string text = whole_text(input, display);
+        if (!may_be_utf8(text))
+            throw load_error(load_fault::fatal_error);
+        gently_mended_text result = gently_mended(text, display);
+        mended.dropped = std::move(result.dropped);
+        mended.reread = result.reread;
+        gently = std::move(result.text);
+    }
+    bool is_fatal = false;
+    mended.document =
+        parse_tolerantly(bytes_of(gently, display), blank_texts::dropped, [&](const xml_error& error) {
+            ++mended.remaining_errors;
+            is_fatal = is_fatal || error.is_fatal;
+        });
+    if (is_fatal)
         throw load_error(load_fault::fatal_error);
+    return mended;
 }
 
 mended_document parse_repaired(const xml_input& input, const damaged_lines& damaged, diagnostics& out,
@@ -87,7 +115,11 @@ mended_document parse_repaired(const xml_input& input, const damaged_lines& dama
                                        [&](const xml_error&) { has_errors = true; });
     if (has_errors) {
         mended.document = {}; // its memory first, then that of the next one
-        parse_for_the_last_time(text, mended, out, display);
+        if (!parse_with_all_lines_clean(text, mended, out, display)) {
+            text = {};
+            mended = {};
+            return parse_gently(input, display);
+        }
     }
     return mended;
 }
@@ -96,7 +128,7 @@ mended_document parse_repaired(const xml_input& input, const damaged_lines& dama
 [[noreturn]] void refuse_what_is_no_xml(std::string beginning, diagnostics& out, progress& display)
 {
     mended_document nothing;
-    parse_for_the_last_time(beginning, nothing, out, display);
+    (void)parse_with_all_lines_clean(beginning, nothing, out, display);
     throw load_error(load_fault::not_xmeml);
 }
 
@@ -107,12 +139,13 @@ account losses_of(const mended_document& mended, const complaints& first)
     for (const std::size_t line : mended.dropped.first_lines)
         losses.add(loss_kind::mended_lines, 0, std::to_string(line));
     losses.add(loss_kind::dropped_characters, mended.dropped.count);
+    losses.add(loss_kind::reread_characters, mended.reread);
 
     // In a mended document all errors are in line 1: those that a repair cannot help against tell where they
     // were. Where nothing was dropped, joining the lines is what made the errors go away.
     const bool has_errors = mended.remaining_errors != 0;
     const noted_errors& told = has_errors ? first.not_fatal : first.all;
-    if (has_errors || mended.dropped.count == 0) {
+    if (has_errors || (mended.dropped.count == 0 && mended.reread == 0)) {
         losses.add(loss_kind::passed_over_errors, has_errors ? mended.remaining_errors : told.count);
         for (const int line : told.first_lines)
             losses.add(loss_kind::passed_over_errors, 0, "line " + std::to_string(line));

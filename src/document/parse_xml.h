@@ -28,7 +28,10 @@ struct parsed_xml {
 /// "Fixing bad characters in the XML file...\n" before that, unless gui_mode is false. Writes each error of
 /// the third parse to `out`, one a line ("12:40: ERROR: what is wrong").
 ///
-/// Throws load_error: fatal_error when that third parse finds the document not well-formed; not_xmeml when it
+/// Where the third parse finds it not well-formed, only the bytes that cannot stand in it are taken out, or,
+/// of a document without any UTF-8 beyond ASCII, read as Windows-1252; such a document keeps its line breaks.
+///
+/// Throws load_error: fatal_error when that does not help either; not_xmeml when it
 /// has no element at all (one without any error may have any root); refused, with a sentence, when the file
 /// cannot be read or the document goes beyond the parser's limits (elements nested 256 deep, 10
 /// million bytes in one text or brought by entities, a document type that is costly to follow, 1,000

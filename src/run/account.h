@@ -13,6 +13,7 @@ namespace tallyframe {
 enum class loss_kind {
     mended_lines, ///< lines of the document from which characters were dropped; examples: their numbers
     dropped_characters, ///< what was dropped there
+    reread_characters, ///< letters of a document that is not in UTF-8, read as Windows-1252
     passed_over_errors, ///< errors of the document that the parser went on after; examples: "line N"
     cut_texts, ///< texts that end at a cell's 32,767 characters; examples: "SHEET, row N"
     missing_media, ///< media files that are not there; examples: their paths
@@ -34,7 +35,7 @@ enum class loss_kind {
     overlapped_clips, ///< clips that a later one of their track covers
     further_channels, ///< clip items of tracks that hold another channel of the track before
 };
-inline constexpr std::size_t loss_kind_count = 21;
+inline constexpr std::size_t loss_kind_count = 22;
 
 /// How much was lost of one kind.
 struct loss {

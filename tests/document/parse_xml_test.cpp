@@ -103,6 +103,16 @@ TEST_F(parsing, drops_a_latin_1_letter_from_a_name)
     EXPECT_EQ(printed(), "");
 }
 
+TEST_F(parsing, reads_latin_1_letters_where_dropping_them_breaks_the_markup)
+{
+    EXPECT_EQ(name_in("<xmeml>\n<name>two\nlines, Jos\xE9</name>\n</xmeml>"), "two\nlines, José");
+    EXPECT_THAT(losses_in(parse("<xmeml><name>Malm\xF6</name></xmeml>")),
+                ElementsAre("1 letter of the document, which is not in UTF-8, was read as Windows-1252."));
+    EXPECT_THAT(losses_in(parse("<xmeml><name>Malmö, Jos\xE9</name></xmeml>")),
+                ElementsAre("1 line of the document held bad characters and was mended (1).",
+                            "1 bad character was dropped from the document."));
+}
+
 TEST_F(parsing, drops_control_characters_from_a_name)
 {
     EXPECT_EQ(name_in("<xmeml><name>a\fb</name></xmeml>"), "ab");
