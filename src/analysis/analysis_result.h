@@ -6,6 +6,7 @@
 #include "media/file_record.h"
 #include "media/marker_record.h"
 #include "run/account.h"
+#include "run/figure_style.h"
 #include "timecode/display_format.h"
 #include "timecode/frame_rates.h"
 
@@ -27,6 +28,7 @@ struct track_description {
 /// Everything that the report is written from: the sequence's header and the records of its tracks, in the
 /// order of the walk (tracks in document order; in a track clip items, then generators, then transitions).
 struct analysis_result {
+    figure_style figures = figure_style::comparable; ///< of the records, and of the report made from them
     bool is_sequence = false; ///< false for the clips of the bins
     std::string sequence_name;
     std::int64_t sequence_duration = 0; ///< frames

@@ -43,9 +43,10 @@ analysis_result analyze(const document_index& index, const analysis_subject& sub
                         track_checkboxes& video_checkboxes, track_checkboxes& audio_checkboxes,
                         diagnostics& out, progress& display)
 {
-    const auto& [sequence, scope, missing] = subject;
+    const auto& [sequence, scope, missing, figures] = subject;
     analysis_result result;
     text_budget texts;
+    result.figures = figures;
     result.is_sequence = static_cast<bool>(sequence);
     const std::int64_t sequence_start_frame = sequence ? read_sequence_header(sequence, missing, result) : 0;
 

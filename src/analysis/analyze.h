@@ -10,6 +10,7 @@
 #include "document/xml_node.h"
 #include "media/media_catalogues.h"
 #include "run/diagnostics.h"
+#include "run/figure_style.h"
 #include "run/progress.h"
 
 #include <optional>
@@ -21,6 +22,7 @@ struct analysis_subject {
     xml_node sequence; ///< none: the clips of all bins
     report_scope scope = report_scope::video_audio;
     std::optional<stand_ins> missing = {}; ///< for what the sequence lacks; without them that is a failure
+    figure_style figures = figure_style::comparable;
 };
 
 /// Analyses a sequence of the document, or the clips of all bins when it is none.

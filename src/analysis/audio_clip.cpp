@@ -39,9 +39,11 @@ void analyze_audio_clip(analysis_walk& walk, const track_context& track, xml_nod
 {
     const clip_item clip = read_clip_item(walk, track, element, item_number);
     double speed = 100;
+    std::optional<marked_media> media;
     if (const file_record* file = listed_file_of(walk, track, clip)) {
         const source_frames source = source_frames_of(walk, clip, *file);
         walk.src_start_frame = source.first;
+        media = marked_media_of(source, *file);
         speed = source.speed;
 
         if (is_generated(file->path))
@@ -51,7 +53,7 @@ void analyze_audio_clip(analysis_walk& walk, const track_context& track, xml_nod
             add_clip_record(walk, track, clip, *file, source);
     }
     add_filters(walk, track, clip, walk.result.audio_clip_filter_array);
-    add_clip_markers(walk, track, clip, speed, walk.result.audio_clip_marker_array);
+    add_clip_markers(walk, track, clip, speed, media, walk.result.audio_clip_marker_array);
 }
 
 } // namespace tallyframe

@@ -31,10 +31,39 @@ struct equal_markers {
     bool operator()(const clip_marker_record* a, const clip_marker_record* b) const { return *a == *b; }
 };
 
+/// Counted from the place in the sequence, as older lists have it.
+void set_comparable_source_frames(clip_marker_record& record, std::optional<double> src_start_frame,
+                                  std::int64_t scaled_in)
+{
+    if (!src_start_frame)
+        return;
+    record.src_in_frame = *src_start_frame + static_cast<double>(record.in_frame - scaled_in);
+    record.src_out_frame = *record.src_in_frame + static_cast<double>(record.duration);
+}
+
+/// Where the marker lies in the media. Markers keep to the media whatever the clip's speed.
+void set_exact_source_frames(clip_marker_record& record, const std::optional<marked_media>& media)
+{
+    if (!media)
+        return;
+    record.src_in_frame = source_frame_at(media->shown, record.in_point);
+    record.src_out_frame = source_frame_at(media->shown, record.in_point + record.duration);
+    record.source_clock = media->clock;
+}
+
 } // namespace
 
+std::optional<marked_media> marked_media_of(const source_frames& shown, const file_record& file)
+{
+    if (!file.src_duration)
+        return std::nullopt;
+    const auto rate = file.fcp_rate ? std::optional(file.fcp_rate->frames_per_second) : std::nullopt;
+    return marked_media{shown, {rate, file.displayformat}};
+}
+
 void add_clip_markers(const analysis_walk& walk, const track_context& track, const clip_item& clip,
-                      double speed, std::vector<clip_marker_record>& records)
+                      double speed, const std::optional<marked_media>& media,
+                      std::vector<clip_marker_record>& records)
 {
     const std::int64_t scaled_in = rounded_frames(static_cast<double>(clip.positions.in) * speed / 100);
     const std::int64_t scaled_out = rounded_frames(static_cast<double>(clip.positions.out) * speed / 100);
@@ -49,12 +78,11 @@ void add_clip_markers(const analysis_walk& walk, const track_context& track, con
         marker.in_frame = clip.positions.start + (marker.in_frame - scaled_in);
         marker.out_frame = marker.in_frame + marker.duration;
         clip_marker_record record{
-            std::move(marker), {track.label, track.name}, clip.name, clip.enabled, {}, {}};
-        if (walk.src_start_frame) {
-            // Counted from the place in the sequence, as older lists have it.
-            record.src_in_frame = *walk.src_start_frame + static_cast<double>(record.in_frame - scaled_in);
-            record.src_out_frame = *record.src_in_frame + static_cast<double>(record.duration);
-        }
+            std::move(marker), {track.label, track.name}, clip.name, clip.enabled, {}, {}, {}};
+        if (walk.result.figures == figure_style::exact)
+            set_exact_source_frames(record, media);
+        else
+            set_comparable_source_frames(record, walk.src_start_frame, scaled_in);
         records.push_back(std::move(record));
     }
 }

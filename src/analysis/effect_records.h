@@ -3,6 +3,7 @@
 
 #include "analysis/clip_record.h"
 #include "media/marker_record.h"
+#include "timecode/display_format.h"
 
 #include <optional>
 #include <string>
@@ -51,6 +52,14 @@ struct marker_place {
     bool operator==(const marker_place&) const = default;
 };
 
+/// The clock on which a media file counts its frames.
+struct media_clock {
+    std::optional<double> rate; ///< frames a second
+    display_format displayformat = display_format::unknown;
+
+    bool operator==(const media_clock&) const = default;
+};
+
 /// A marker of a clip: in_frame and out_frame count on the sequence, the source frames on the clip's media.
 struct clip_marker_record : marker_record {
     marker_place place;
@@ -58,6 +67,7 @@ struct clip_marker_record : marker_record {
     std::string enabled = "TRUE";
     std::optional<double> src_in_frame; ///< nothing before any clip has set the source start
     std::optional<double> src_out_frame;
+    std::optional<media_clock> source_clock; ///< of the source frames; nothing for that of the sequence
 
     bool operator==(const clip_marker_record&) const = default;
 };

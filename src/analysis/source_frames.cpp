@@ -27,6 +27,11 @@ std::optional<used_frames> frames_between(double begin, double end)
     return used_frames{static_cast<std::int64_t>(begin), static_cast<std::int64_t>(end) - 1};
 }
 
+double media_frames(const source_frames& source, std::int64_t frames)
+{
+    return static_cast<double>(frames) / source.clip_rate * source.media_rate;
+}
+
 } // namespace
 
 source_frames source_frames_of(const analysis_walk& walk, const clip_item& clip, const file_record& file)
@@ -46,33 +51,37 @@ source_frames source_frames_of(const analysis_walk& walk, const clip_item& clip,
     source.is_reversed = reverse && walk.additions.text_of(reverse) != "FALSE";
 
     const std::optional<frame_rate> seq_fcp_rate = walk.result.seq_fcp_rate;
-    double to_media_rate = 1;
-    double from_sequence_rate = 1;
     if (seq_fcp_rate && file.fcp_rate
         && seq_fcp_rate->frames_per_second != file.fcp_rate->frames_per_second) {
-        from_sequence_rate = seq_fcp_rate->frames_per_second;
-        to_media_rate = file.fcp_rate->frames_per_second;
+        source.clip_rate = seq_fcp_rate->frames_per_second;
+        source.media_rate = file.fcp_rate->frames_per_second;
     }
-    const auto media_frames = [&](std::int64_t frames) {
-        return static_cast<double>(frames) / from_sequence_rate * to_media_rate;
-    };
-    const double offset = media_frames(positions.start_offset);
-    const double in = rounded((media_frames(positions.in) + offset) * source.speed / 100);
-    const double out = rounded((media_frames(positions.out) + offset) * source.speed / 100);
+    const double offset = media_frames(source, positions.start_offset);
+    const double in = rounded((media_frames(source, positions.in) + offset) * source.speed / 100);
+    const double out = rounded((media_frames(source, positions.out) + offset) * source.speed / 100);
 
-    const double media_start = file.timecode_frame;
+    source.subclip_start = offset * source.speed / 100;
+    source.origin = file.timecode_frame;
     if (source.is_reversed) {
         // One frame more than the same clip forwards: editors compare against older lists.
         const auto duration = static_cast<double>(media_duration.value_or(positions.out));
-        source.last = if_finite(media_start + duration - in + 1);
+        source.origin += duration;
+        source.last = if_finite(source.origin - in + 1);
         source.media_frames = frames_between(duration - out, duration - in);
-        source.first = if_finite(media_start + duration - out + 1);
+        source.first = if_finite(source.origin - out + 1);
     } else {
-        source.first = if_finite(media_start + in);
-        source.last = if_finite(media_start + out - 1);
+        source.first = if_finite(source.origin + in);
+        source.last = if_finite(source.origin + out - 1);
         source.media_frames = frames_between(in, out);
     }
     return source;
+}
+
+std::optional<double> source_frame_at(const source_frames& source, std::int64_t point)
+{
+    const double frames = rounded(media_frames(source, point) + source.subclip_start);
+    // A reversed clip begins with its last frame, as it is counted there.
+    return if_finite(source.is_reversed ? source.origin - frames + 1 : source.origin + frames);
 }
 
 std::optional<rational> image_time_of(const source_frames& source, const file_record& file)

@@ -35,9 +35,11 @@ void analyze_video_clip(analysis_walk& walk, const track_context& track, xml_nod
 {
     const clip_item clip = read_clip_item(walk, track, element, item_number);
     double speed = 100;
+    std::optional<marked_media> media;
     if (const file_record* file = listed_file_of(walk, track, clip)) {
         const source_frames source = source_frames_of(walk, clip, *file);
         walk.src_start_frame = source.first;
+        media = marked_media_of(source, *file);
         speed = source.is_reversed ? -source.speed : source.speed;
 
         if (file->path == slug_path || file->path == bars_and_tone_path)
@@ -50,7 +52,7 @@ void analyze_video_clip(analysis_walk& walk, const track_context& track, xml_nod
     }
     add_filters(walk, track, clip, walk.result.video_clip_filter_array);
     add_motion(walk, track, clip, speed, walk.result.video_clip_motion_array);
-    add_clip_markers(walk, track, clip, speed, walk.result.video_clip_marker_array);
+    add_clip_markers(walk, track, clip, speed, media, walk.result.video_clip_marker_array);
 }
 
 } // namespace tallyframe

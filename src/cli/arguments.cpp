@@ -28,6 +28,7 @@ struct raw_report_flags {
     bool bins = false;
     bool all = false;
     std::string scope;
+    std::string figures;
     std::string tracks;
     std::string timeline_columns;
     std::string source_columns;
@@ -110,6 +111,11 @@ void add_content_flags(CLI::App& report, raw_report_flags& raw, report_options& 
     report
         .add_flag("--skip-video-audio", options.skip_video_clip_audio,
                   "No audio clips whose media file is a video clip's too")
+        ->group(rows_group);
+    report
+        .add_option("--figures", raw.figures,
+                    "comparable (default): as in older lists; exact: right where those are not")
+        ->option_text("STYLE")
         ->group(rows_group);
     for (const color_flag& flag : color_flags) {
         report.add_option(flag.name, options.*flag.color, flag.help)->option_text("NAME")->group(rows_group);
@@ -341,6 +347,8 @@ void fill_in_item(const CLI::App& command, const raw_report_flags& raw, report_r
 void fill_in(const CLI::App& report, const raw_report_flags& raw, report_request& request)
 {
     fill_in_item(report, raw, request);
+    if (report.count("--figures") > 0)
+        request.figures = figure_style_named(raw.figures);
     request.options.timeline_time_columns =
         chosen_time_formats(report, "--timeline-columns", raw.timeline_columns);
     request.options.source_time_columns = chosen_time_formats(report, "--source-columns", raw.source_columns);

@@ -4,6 +4,7 @@
 #include "analysis/report_scope.h"
 #include "media_files/mapped_media.h"
 #include "report/report_options.h"
+#include "run/figure_style.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -34,6 +35,7 @@ struct report_request {
     item_choice item;
     bool unidentified = false; ///< sequences without an identifier too
     report_scope scope = report_scope::video_audio;
+    figure_style figures = figure_style::comparable;
     std::optional<std::vector<std::string>> tracks; ///< labels of the ticked tracks; nothing for all
     report_options options;
     std::vector<media_mapping> media_map;

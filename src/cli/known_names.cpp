@@ -22,6 +22,11 @@ constexpr std::array<std::pair<std::string_view, report_scope>, 3> scopes = {{
     {"audio", report_scope::audio},
 }};
 
+constexpr std::array<std::pair<std::string_view, figure_style>, 2> figure_styles = {{
+    {"comparable", figure_style::comparable},
+    {"exact", figure_style::exact},
+}};
+
 /// The names of a table's entries, as a list in a sentence.
 template <class Names, class NameOf>
 std::string listed(const Names& names, NameOf name_of)
@@ -54,6 +59,16 @@ report_scope scope_named(std::string_view name)
     }
     throw usage_error(fmt::format("--scope: there is no scope {}. The scopes are {}.", visible_name(name),
                                   listed(scopes, [](const auto& known) { return known.first; })));
+}
+
+figure_style figure_style_named(std::string_view name)
+{
+    for (const auto& [known, figures] : figure_styles) {
+        if (known == name)
+            return figures;
+    }
+    throw usage_error(
+        fmt::format("--figures: there are no figures {}. Write comparable or exact.", visible_name(name)));
 }
 
 std::string checkbox_titled(std::string_view title)

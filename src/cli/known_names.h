@@ -3,6 +3,7 @@
 
 #include "analysis/report_scope.h"
 #include "report/report_options.h"
+#include "run/figure_style.h"
 
 #include <string>
 #include <string_view>
@@ -16,6 +17,9 @@ time_format time_format_named(std::string_view name, std::string_view flag);
 
 /// "video+audio", "video" or "audio".
 report_scope scope_named(std::string_view name);
+
+/// "comparable" or "exact".
+figure_style figure_style_named(std::string_view name);
 
 /// The title itself, when a column layout knows it.
 std::string checkbox_titled(std::string_view title);

@@ -218,6 +218,7 @@ int report(const report_request& request, std::ostream& out, std::ostream& err)
     state.diagnostic_output.write(xml_library_version() + "\n");
     state.session.import_video_audio_preference = request.scope;
     state.session.without_uuid = sequences_to_list(request.unidentified);
+    state.session.figures = request.figures;
     open_document(state, request.document, err);
     const std::vector<catalogue_entry>& menu = state.session.menu;
     if (menu.empty()) {

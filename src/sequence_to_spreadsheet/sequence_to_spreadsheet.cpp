@@ -29,7 +29,8 @@ void analyze_into(report_session& session, xml_node sequence, const std::string&
                   document_additions& additions, media_catalogues& catalogues,
                   const session_services& services)
 {
-    analysis_subject subject{.sequence = sequence, .scope = session.import_video_audio_preference};
+    analysis_subject subject{
+        .sequence = sequence, .scope = session.import_video_audio_preference, .figures = session.figures};
     if (session.without_uuid == unidentified_sequences::listed)
         subject.missing = stand_ins{name};
     session.analysis = analyze(session.document.value().index, subject, additions, catalogues,

@@ -13,6 +13,7 @@
 #include "platform/sequence_menu.h"
 #include "report/report_options.h"
 #include "run/diagnostics.h"
+#include "run/figure_style.h"
 #include "run/progress.h"
 #include "sequence_to_spreadsheet/save_excel.h"
 
@@ -42,6 +43,7 @@ struct report_session {
     track_checkboxes video_tracks_table_checkboxes;
     track_checkboxes audio_tracks_table_checkboxes;
     report_scope import_video_audio_preference = report_scope::video_audio;
+    figure_style figures = figure_style::comparable; ///< of the next analysis; the host's choice
     analysis_result analysis;
 };
 

@@ -9,6 +9,15 @@ namespace {
 
 constexpr std::size_t comment_width = std::string_view("Comment ").size();
 
+template <auto frame>
+cell_value source_timecode_of(const clip_marker_record& marker, const row_context& row)
+{
+    if (!marker.source_clock)
+        return sequence_timecode(marker.*frame, row.clock);
+    return time_cell(time_format::timecode, marker.*frame, marker.source_clock->rate,
+                     marker.source_clock->displayformat);
+}
+
 template <auto frame, class Marker>
 cell_value timecode_of(const Marker& marker, const row_context& row)
 {
@@ -45,8 +54,8 @@ constexpr fixed_column<clip_marker> clip_marker_columns[] = {
     {"Sequence In", 11, false, timecode_of<&marker_record::in_frame>},
     {"Sequence Out", 12, false, timecode_of<&marker_record::out_frame>},
     {"Duration", timecode_width, false, duration_of},
-    {"Source In", timecode_width, false, timecode_of<&clip_marker::src_in_frame>},
-    {"Source Out", timecode_width, false, timecode_of<&clip_marker::src_out_frame>},
+    {"Source In", timecode_width, false, source_timecode_of<&clip_marker::src_in_frame>},
+    {"Source Out", timecode_width, false, source_timecode_of<&clip_marker::src_out_frame>},
 };
 
 constexpr row_look marker_look = {text_color::marker, text_color::marker};

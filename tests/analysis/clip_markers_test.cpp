@@ -113,6 +113,81 @@ TEST(clip_markers, of_a_clip_without_media_count_from_the_last_clip_with_some_on
     EXPECT_EQ(result.audio_clip_marker_array.at(0).src_in_frame, 1010 + 5);
 }
 
+clip_marker_record exact_marker(const clip& item, const sequence_options& options = {})
+{
+    return exact_analysis_of(xmeml().sequence("Reel 1", options).video_track({item}))
+        .video_clip_marker_array.at(0);
+}
+
+TEST(exact_clip_markers, count_their_source_frames_in_the_media)
+{
+    const clip_marker_record record = exact_marker(
+        clip("Boat").at(200, 300).in_out(10, 110).file({.timecode_frame = 5000}).marker("m", 30, 40));
+    EXPECT_EQ(record.src_in_frame, 5030) << "the clip's Source In, 5010, and 20 from its in point";
+    EXPECT_EQ(record.src_out_frame, 5040);
+    EXPECT_EQ(record.source_clock, (media_clock{25, display_format::non_drop_frame}));
+}
+
+TEST(exact_clip_markers, keep_their_place_in_the_media_at_another_speed)
+{
+    const clip_marker_record record = exact_marker(clip("Boat")
+                                                       .in_out(101, 201)
+                                                       .duration(2000)
+                                                       .speed("50")
+                                                       .file({.timecode_frame = 5000})
+                                                       .marker("m", 60, 70));
+    EXPECT_EQ(record.src_in_frame, 5060) << "not 5051 + 9.5, rounded twice";
+    EXPECT_EQ(record.src_out_frame, 5070);
+}
+
+TEST(exact_clip_markers, count_at_the_rate_of_the_media)
+{
+    const clip_marker_record record = exact_marker(
+        clip("Boat").in_out(10, 110).file({.timebase = 50, .timecode_frame = 5000}).marker("m", 30, 40));
+    EXPECT_EQ(record.src_in_frame, 5060);
+    EXPECT_EQ(record.src_out_frame, 5080);
+    EXPECT_EQ(record.source_clock, (media_clock{50, display_format::non_drop_frame}));
+}
+
+TEST(exact_clip_markers, count_from_the_start_of_a_subclip)
+{
+    const clip_marker_record record =
+        exact_marker(clip("Boat")
+                         .in_out(10, 110)
+                         .with("<subclipinfo><startoffset>400</startoffset></subclipinfo>")
+                         .marker("m", 30));
+    EXPECT_EQ(record.src_in_frame, 430);
+    EXPECT_EQ(record.src_out_frame, 430);
+}
+
+TEST(exact_clip_markers, count_back_in_a_reversed_clip)
+{
+    const analysis_result result =
+        exact_analysis_of(xmeml().sequence("Reel 1").audio_track({clip("Boat")
+                                                                      .in_out(100, 200)
+                                                                      .duration(2000)
+                                                                      .reversed()
+                                                                      .file({.timecode_frame = 5000})
+                                                                      .marker("m", 130, 140)}));
+    const clip_record& shown = result.audio_clip_data_array.at(0);
+    EXPECT_EQ(shown.src_end_frame, 5901);
+    EXPECT_EQ(result.audio_clip_marker_array.at(0).src_in_frame, 5871) << "30 before the clip's Source Out";
+    EXPECT_EQ(result.audio_clip_marker_array.at(0).src_out_frame, 5861);
+}
+
+TEST(exact_clip_markers, have_no_source_frames_without_media_or_in_a_still)
+{
+    const analysis_result result = exact_analysis_of(xmeml().sequence("Reel 1").video_track(
+        {clip("A"), clip("nested").without_file().marker("m", 5),
+         clip("Still").file({.path = "/Media/still.tif", .duration = {}}).marker("s", 5)}));
+    ASSERT_THAT(names_of(result.video_clip_marker_array), ElementsAre("m", "s"));
+    for (const clip_marker_record& record : result.video_clip_marker_array) {
+        EXPECT_EQ(record.src_in_frame, std::nullopt);
+        EXPECT_EQ(record.src_out_frame, std::nullopt);
+        EXPECT_EQ(record.source_clock, std::nullopt);
+    }
+}
+
 TEST(clip_markers, are_listed_once)
 {
     const analysis_result result =

@@ -13,6 +13,7 @@ TEST(parse_arguments, leaves_every_option_at_its_default_without_flags)
     EXPECT_FALSE(request.output);
     EXPECT_EQ(request.item.by, item_choice::kind::only_one);
     EXPECT_EQ(request.scope, report_scope::video_audio);
+    EXPECT_EQ(request.figures, figure_style::comparable);
     EXPECT_FALSE(request.tracks);
     EXPECT_EQ(request.options.video_row_color, "blue");
     EXPECT_EQ(request.options.audio_row_color, "green");
@@ -27,6 +28,18 @@ TEST(parse_arguments, leaves_every_option_at_its_default_without_flags)
     EXPECT_FALSE(request.options.report_enabled_only);
     EXPECT_FALSE(request.options.skip_video_clip_audio);
     EXPECT_FALSE(request.options.inpoint_thumbnail_jpegs);
+}
+
+TEST(parse_arguments, takes_either_style_of_figures)
+{
+    EXPECT_EQ(parsed({"--figures", "exact"}).figures, figure_style::exact);
+    EXPECT_EQ(parsed({"--figures=comparable"}).figures, figure_style::comparable);
+    try {
+        parsed({"--figures", "Exact"});
+        FAIL() << "taken";
+    } catch (const usage_error& error) {
+        EXPECT_STREQ(error.what(), "--figures: there are no figures \"Exact\". Write comparable or exact.");
+    }
 }
 
 TEST(parse_arguments, keeps_order_and_repeats_of_time_columns)

@@ -123,6 +123,19 @@ TEST(clip_markers_sheet, shows_source_positions_on_the_sequences_clock_on_purpos
     EXPECT_EQ(clip_markers(report).cell(1, 8).text, "00:00:02:00");
 }
 
+TEST(clip_markers_sheet, shows_source_positions_on_the_clock_of_the_media_where_a_marker_tells_it)
+{
+    test::made_report report;
+    auto marker = test::clip_marker("Note", "V1", 0);
+    marker.src_in_frame = 3596;
+    marker.src_out_frame = 3600;
+    marker.source_clock = media_clock{60, display_format::drop_frame};
+    report.analysis.video_clip_marker_array = {marker};
+    EXPECT_THAT(clip_markers(report).row(1),
+                ElementsAre("V1", "Note", "", "", "", "00:00:00:00", "00:00:00:00", "-", "00:01:00;00",
+                            "00:01:00;04"));
+}
+
 TEST(clip_markers_sheet, shows_blank_cells_for_what_a_marker_lacks)
 {
     test::made_report report;

@@ -23,14 +23,17 @@ struct analyzed_document {
     analysis_result result;
 
     explicit analyzed_document(std::string_view text, std::string_view uuid = "uuid-1",
-                               report_scope scope = report_scope::video_audio);
+                               report_scope scope = report_scope::video_audio,
+                               figure_style figures = figure_style::comparable);
     explicit analyzed_document(const xmeml& builder, std::string_view uuid = "uuid-1",
-                               report_scope scope = report_scope::video_audio)
-        : analyzed_document(builder.text(), uuid, scope)
+                               report_scope scope = report_scope::video_audio,
+                               figure_style figures = figure_style::comparable)
+        : analyzed_document(builder.text(), uuid, scope, figures)
     {
     }
 
-    void analyze_again(std::string_view uuid = "uuid-1", report_scope scope = report_scope::video_audio);
+    void analyze_again(std::string_view uuid = "uuid-1", report_scope scope = report_scope::video_audio,
+                       figure_style figures = figure_style::comparable);
 };
 
 /// The records alone.
@@ -38,6 +41,11 @@ inline analysis_result analysis_of(const xmeml& builder, std::string_view uuid =
                                    report_scope scope = report_scope::video_audio)
 {
     return analyzed_document(builder, uuid, scope).result;
+}
+
+inline analysis_result exact_analysis_of(const xmeml& builder)
+{
+    return analyzed_document(builder, "uuid-1", report_scope::video_audio, figure_style::exact).result;
 }
 
 } // namespace tallyframe::testing_support
