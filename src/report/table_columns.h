@@ -2,6 +2,7 @@
 #pragma once
 
 #include "report/column_widths.h"
+#include "run/figure_style.h"
 #include "timecode/display_format.h"
 
 #include <cstddef>
@@ -27,10 +28,11 @@ enum class cell_kind {
     decimal,
 };
 
-/// The sequence's clock, as the time conversions take it.
+/// The sequence's clock, as the time conversions take it, and how its times are told.
 struct sequence_clock {
     std::optional<double> seq_fcp_rate; ///< frames a second; nothing for bins
     display_format seq_displayformat = display_format::unknown;
+    figure_style figures = figure_style::comparable;
 };
 
 /// What the value of a cell depends on beside its record.

@@ -97,7 +97,9 @@ cell_value time_cell(time_format format, std::optional<double> frames, std::opti
 
 sequence_clock clock_of(const analysis_result& analysis)
 {
-    sequence_clock clock{.seq_fcp_rate = std::nullopt, .seq_displayformat = analysis.seq_displayformat};
+    sequence_clock clock{.seq_fcp_rate = std::nullopt,
+                         .seq_displayformat = analysis.seq_displayformat,
+                         .figures = analysis.figures};
     if (analysis.seq_fcp_rate)
         clock.seq_fcp_rate = analysis.seq_fcp_rate->frames_per_second;
     return clock;

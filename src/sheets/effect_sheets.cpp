@@ -116,13 +116,27 @@ std::vector<catalogue> catalogues_of(const std::vector<const Record*>& records,
     return {own, others};
 }
 
+/// A row of exact figures: in the colour of its own track, or red.
+template <class Record>
+row_look own_look_of(const Record& effect)
+{
+    const text_color of_track = is_audio(effect.place) ? text_color::audio : text_color::video;
+    const text_color color = effect.apple ? of_track : text_color::red;
+    return {color, color};
+}
+
 /// The look of each row. A built-in effect on a video track keeps that of the row before it.
 template <class Record>
-std::vector<row_look> looks_of_effects(const std::vector<const Record*>& effects, row_look& running)
+std::vector<row_look> looks_of_effects(const std::vector<const Record*>& effects, figure_style figures,
+                                       row_look& running)
 {
     std::vector<row_look> looks;
     looks.reserve(effects.size());
     for (const Record* effect : effects) {
+        if (figures == figure_style::exact) {
+            looks.push_back(own_look_of(*effect));
+            continue;
+        }
         if (!effect->apple)
             running.text = text_color::red;
         else if (is_audio(effect->place))
@@ -135,7 +149,7 @@ std::vector<row_look> looks_of_effects(const std::vector<const Record*>& effects
 template <class Record>
 void add_effect_sheet(const report_frame& frame, growing_report& report, table_sheet<Record> table)
 {
-    table.looks = looks_of_effects(table.records, report.running_look);
+    table.looks = looks_of_effects(table.records, frame.analysis.figures, report.running_look);
     report.add(sheet_of(std::move(table), frame.clock));
 }
 

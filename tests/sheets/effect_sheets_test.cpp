@@ -214,6 +214,35 @@ TEST(filters_sheet, of_none_is_the_table_header)
     EXPECT_THAT(sheet.widths, ElementsAre(6, 7, 8, 10, 12, 13, 12));
 }
 
+TEST(exact_effect_sheets, show_each_row_in_the_colour_of_its_own_track)
+{
+    test::made_report report;
+    report.analysis.figures = figure_style::exact;
+    report.analysis.video_transition_array = {test::transition("Sparkle", third_party, "V1", 0, 1),
+                                              test::transition("Wipe", built_in, "V1", 2, 3)};
+    report.analysis.audio_transition_array = {test::transition("Fade", built_in, "A1", 4, 5),
+                                              test::transition("Boom", third_party, "A1", 6, 7)};
+    const auto sheet = report.make({add_transitions_sheet}).sheet("Transitions");
+    const std::size_t first = 9;
+    EXPECT_THAT(sheet.looks(first), ElementsAre(test::red_text));
+    EXPECT_THAT(sheet.looks(first + 1), ElementsAre(test::video_text));
+    EXPECT_THAT(sheet.looks(first + 2), ElementsAre(test::audio_text));
+    EXPECT_THAT(sheet.looks(first + 3), ElementsAre(test::red_text));
+}
+
+TEST(exact_effect_sheets, show_check_marks_in_the_colour_of_their_row)
+{
+    test::made_report report;
+    report.analysis.figures = figure_style::exact;
+    report.analysis.video_clip_filter_array = {test::filter("Sparkle", third_party, "V1"),
+                                               test::filter("Blur", built_in, "V1", 20, 30)};
+    const auto sheet = report.make({add_filters_sheet}).sheet("Filters");
+    const std::size_t first = 7;
+    EXPECT_EQ(sheet.cell(first, 2).look, (cell_look{text_color::red, cell_form::centered}));
+    EXPECT_EQ(sheet.cell(first + 1, 1).look, test::video_text);
+    EXPECT_EQ(sheet.cell(first + 1, 2).look, (cell_look{text_color::video, cell_form::centered}));
+}
+
 TEST(motion_sheet, lists_the_distinct_ones_above_the_table)
 {
     test::made_report report;
