@@ -226,18 +226,18 @@ table_column<clip_record> timeline_cells(time_format format, frames_function fra
     return {time_cell_kind(format), false,
             [format, frames, moved](const clip_record& clip, const row_context& row) {
                 return time_cell(format, *frames(clip) + moved, row.clock.seq_fcp_rate,
-                                 row.clock.seq_displayformat);
+                                 row.clock.seq_displayformat, row.clock.figures);
             }};
 }
 
 table_column<clip_record> source_cells(time_format format, frames_function frames)
 {
-    return {time_cell_kind(format), false, [format, frames](const clip_record& clip, const row_context&) {
+    return {time_cell_kind(format), false, [format, frames](const clip_record& clip, const row_context& row) {
                 if (clip.isImage) // a still has no source time
                     return cell_value();
                 const auto rate =
                     clip.fcp_rate ? std::optional(clip.fcp_rate->frames_per_second) : std::nullopt;
-                return time_cell(format, frames(clip), rate, clip.displayformat);
+                return time_cell(format, frames(clip), rate, clip.displayformat, row.clock.figures);
             }};
 }
 

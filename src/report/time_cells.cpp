@@ -35,6 +35,11 @@ std::int64_t time_adjustments::*adjustment_member(time_format format)
     return &time_adjustments::seconds_adj;
 }
 
+drop_frame_counting counting_of(figure_style figures)
+{
+    return figures == figure_style::exact ? drop_frame_counting::standard : drop_frame_counting::simplified;
+}
+
 } // namespace
 
 std::vector<time_format> in_column_order(const std::vector<time_format>& chosen)
@@ -78,11 +83,11 @@ cell_kind time_cell_kind(time_format format)
 }
 
 cell_value time_cell(time_format format, std::optional<double> frames, std::optional<double> rate,
-                     display_format displayformat)
+                     display_format displayformat, figure_style figures)
 {
     switch (format) {
     case time_format::timecode:
-        return to_timecode(frames, rate, displayformat);
+        return to_timecode(frames, rate, displayformat, counting_of(figures));
     case time_format::clock:
         return to_clock(to_seconds(frames, rate));
     case time_format::frames:
@@ -105,9 +110,14 @@ sequence_clock clock_of(const analysis_result& analysis)
     return clock;
 }
 
+std::string sequence_timecode_text(std::optional<double> frames, const sequence_clock& clock)
+{
+    return to_timecode(frames, clock.seq_fcp_rate, clock.seq_displayformat, counting_of(clock.figures));
+}
+
 cell_value sequence_timecode(std::optional<double> frames, const sequence_clock& clock)
 {
-    return to_timecode(frames, clock.seq_fcp_rate, clock.seq_displayformat);
+    return sequence_timecode_text(frames, clock);
 }
 
 cell_value sequence_timecode(std::int64_t frames, const sequence_clock& clock)

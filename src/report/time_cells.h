@@ -32,7 +32,10 @@ cell_kind time_cell_kind(time_format format);
 /// A number of frames in one of the time formats. `frames` may be missing: the text formats then give the
 /// empty text, the numbers no cell. `rate` in frames a second; seconds without a usable one give no cell.
 cell_value time_cell(time_format format, std::optional<double> frames, std::optional<double> rate,
-                     display_format displayformat);
+                     display_format displayformat, figure_style figures = figure_style::comparable);
+
+/// The frame count as the sequence's timecode, in words.
+std::string sequence_timecode_text(std::optional<double> frames, const sequence_clock& clock);
 
 /// The clock of what was analysed. Bins have no rate.
 sequence_clock clock_of(const analysis_result& analysis);

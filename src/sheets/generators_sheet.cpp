@@ -64,7 +64,7 @@ void add_time_cells(generator_columns_list& columns, time_format format,
     columns.cells.push_back({time_cell_kind(format), false,
                              [format, frames, moved](const generator_record& item, const row_context& row) {
                                  return time_cell(format, frames(item) + moved, row.clock.seq_fcp_rate,
-                                                  row.clock.seq_displayformat);
+                                                  row.clock.seq_displayformat, row.clock.figures);
                              }});
 }
 

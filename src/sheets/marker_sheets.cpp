@@ -15,7 +15,7 @@ cell_value source_timecode_of(const clip_marker_record& marker, const row_contex
     if (!marker.source_clock)
         return sequence_timecode(marker.*frame, row.clock);
     return time_cell(time_format::timecode, marker.*frame, marker.source_clock->rate,
-                     marker.source_clock->displayformat);
+                     marker.source_clock->displayformat, row.clock.figures);
 }
 
 template <auto frame, class Marker>

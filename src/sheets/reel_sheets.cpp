@@ -3,8 +3,8 @@
 
 #include "report/clip_columns.h"
 #include "report/shared_rows.h"
+#include "report/time_cells.h"
 #include "sheets/clip_rows.h"
-#include "timecode/to_timecode.h"
 
 #include <optional>
 #include <string>
@@ -56,8 +56,7 @@ std::optional<total_line> total_of(const report_frame& frame, const clip_sheet_c
     if (!frame.analysis.is_sequence || !columns.first_source_duration)
         return std::nullopt;
     return total_line{.column = *columns.first_source_duration,
-                      .sum = to_timecode(estimated_total_of(clips), frame.clock.seq_fcp_rate,
-                                         frame.clock.seq_displayformat)};
+                      .sum = sequence_timecode_text(estimated_total_of(clips), frame.clock)};
 }
 
 } // namespace

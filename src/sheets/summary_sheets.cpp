@@ -2,9 +2,9 @@
 #include "sheets/summary_sheets.h"
 
 #include "report/shared_rows.h"
+#include "report/time_cells.h"
 #include "sheets/reel_sheets.h"
 #include "sheets/source_totals.h"
-#include "timecode/to_timecode.h"
 
 #include <algorithm>
 #include <utility>
@@ -31,7 +31,7 @@ sheet_cell cell_of(const source_total& total, double sum, std::size_t column, co
     case name_column:
         return {total.name, {}};
     case total_column:
-        return {to_timecode(total.estimated_total, clock.seq_fcp_rate, clock.seq_displayformat), total_look};
+        return {sequence_timecode_text(total.estimated_total, clock), total_look};
     case share_column:
         return {total.estimated_total / sum, share_look};
     case path_column:

@@ -23,6 +23,18 @@ bool counts_drop_frames(double rate, display_format format)
         && std::ranges::find(drop_frame_rates, rate) != drop_frame_rates.end();
 }
 
+/// A frame's number when those that were dropped before it are counted too.
+double number_with_dropped(double frames, std::int64_t nominal)
+{
+    const std::int64_t dropped_per_minute = nominal / 15;
+    const std::int64_t frames_per_ten_minutes = nominal * 600 - dropped_per_minute * 9;
+    const floored_division tens(static_cast<std::int64_t>(rounded(frames)), frames_per_ten_minutes);
+    // The first minute of the ten drops none, and is as much longer than the others.
+    const std::int64_t minutes =
+        std::max<std::int64_t>(tens.remainder - dropped_per_minute, 0) / (nominal * 60 - dropped_per_minute);
+    return static_cast<double>(tens.quotient * nominal * 600 + tens.remainder + minutes * dropped_per_minute);
+}
+
 double leading_value(std::string_view text)
 {
     const auto [is_negative, digits] = leading_digits_of(text);
@@ -109,7 +121,8 @@ std::array<double, most_fields> field_values(std::string_view text)
 
 } // namespace
 
-std::string to_timecode(std::optional<double> frames, std::optional<double> rate, display_format format)
+std::string to_timecode(std::optional<double> frames, std::optional<double> rate, display_format format,
+                        drop_frame_counting counting)
 {
     if (!rate) {
         rate = rate_without_a_rate;
@@ -119,7 +132,11 @@ std::string to_timecode(std::optional<double> frames, std::optional<double> rate
     if (!frames || !nominal || !(std::fabs(*frames) < frame_count_limit))
         return {};
 
-    const std::int64_t dropped_per_minute = format == display_format::drop_frame ? *nominal / 15 : 0;
+    const bool is_standard = counting == drop_frame_counting::standard;
+    if (is_standard && counts_drop_frames(*rate, format))
+        frames = number_with_dropped(*frames, *nominal);
+    const std::int64_t dropped_per_minute =
+        format == display_format::drop_frame && !is_standard ? *nominal / 15 : 0;
     const std::int64_t frames_per_minute = *nominal * 60 - dropped_per_minute;
     const std::int64_t frames_per_ten_minutes = *nominal * 600 - dropped_per_minute * 9;
 

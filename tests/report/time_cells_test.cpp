@@ -34,6 +34,9 @@ TEST(adjusted_header, shows_the_adjustment_with_its_sign)
 TEST(time_cell, shows_a_time_in_each_format)
 {
     EXPECT_EQ(time_cell(time_format::timecode, 100, 25, non_drop_frame), text("00:00:04:00"));
+    EXPECT_EQ(time_cell(time_format::timecode, 1799, 29.97, drop_frame), text("00:01:00;01"));
+    EXPECT_EQ(time_cell(time_format::timecode, 1799, 29.97, drop_frame, figure_style::exact),
+              text("00:00:59;29"));
     EXPECT_EQ(time_cell(time_format::clock, 100, 25, non_drop_frame), text("00:00:04"));
     EXPECT_EQ(time_cell(time_format::frames, 100, 25, non_drop_frame), cell_value(100.0));
     EXPECT_EQ(time_cell(time_format::feet_and_frames, 100, 25, non_drop_frame), text("0006+04"));

@@ -58,6 +58,17 @@ TEST(files_summary, shows_each_files_total_and_share)
     EXPECT_EQ(sheet.frozen_rows, 1U);
 }
 
+TEST(files_summary, has_the_drop_frame_labels_of_its_figures)
+{
+    test::made_report report;
+    report.analysis.seq_fcp_rate = frame_rate{29.97, true};
+    report.analysis.seq_displayformat = display_format::drop_frame;
+    report.analysis.video_clip_data_array = {test::clip_of_file("/media/b.mov", "V1", 0, 1798)};
+    EXPECT_EQ(files_summary(report).cell(1, 1).text, "00:01:00;01");
+    report.analysis.figures = figure_style::exact;
+    EXPECT_EQ(files_summary(report).cell(1, 1).text, "00:00:59;29");
+}
+
 TEST(files_summary, formats_totals_and_shares_and_leaves_names_and_paths_plain)
 {
     test::made_report report;

@@ -47,6 +47,37 @@ TEST(to_timecode, labels_the_last_two_frames_of_each_minute_as_the_next_one)
         EXPECT_EQ(to_timecode(c.frames, c.rate, c.format), c.timecode) << c.frames;
 }
 
+TEST(to_timecode, drops_the_labels_of_the_standard_where_asked_to)
+{
+    const conversion cases[] = {
+        {0, 29.97, drop_frame, "00:00:00;00"},       {1799, 29.97, drop_frame, "00:00:59;29"},
+        {1800, 29.97, drop_frame, "00:01:00;02"},    {3597, 29.97, drop_frame, "00:01:59;29"},
+        {3598, 29.97, drop_frame, "00:02:00;02"},    {17'981, 29.97, drop_frame, "00:09:59;29"},
+        {17'982, 29.97, drop_frame, "00:10:00;00"},  {19'781, 29.97, drop_frame, "00:10:59;29"},
+        {19'782, 29.97, drop_frame, "00:11:00;02"},  {107'891, 29.97, drop_frame, "00:59:59;29"},
+        {107'892, 29.97, drop_frame, "01:00:00;00"}, {3599, 59.94, drop_frame, "00:00:59;59"},
+        {3600, 59.94, drop_frame, "00:01:00;04"},    {35'963, 59.94, drop_frame, "00:09:59;59"},
+        {35'964, 59.94, drop_frame, "00:10:00;00"},  {1499, 25, drop_frame, "00:00:59;24"},
+        {1500, 25, drop_frame, "00:01:00;00"},       {1800, 29.97, non_drop_frame, "00:01:00:00"},
+        {1799.5, 29.97, drop_frame, "00:01:00;02"},  {-1, 29.97, drop_frame, "-1:59:59;29"},
+    };
+    for (const conversion& c : cases)
+        EXPECT_EQ(to_timecode(c.frames, c.rate, c.format, drop_frame_counting::standard), c.timecode)
+            << c.frames << " at " << c.rate;
+}
+
+TEST(to_timecode, gives_labels_of_the_standard_that_read_back_as_their_frame)
+{
+    for (const double rate : {29.97, 30.0, 59.94, 60.0}) {
+        for (int frame = 0; frame < 250'000; ++frame) {
+            ASSERT_EQ(to_frames(to_timecode(frame, rate, drop_frame, drop_frame_counting::standard), rate,
+                                drop_frame),
+                      frame)
+                << rate;
+        }
+    }
+}
+
 TEST(to_timecode, drops_four_frames_a_minute_at_sixty)
 {
     EXPECT_EQ(to_timecode(215'784, 59.94, drop_frame), "01:00:00;00");
