@@ -194,11 +194,19 @@ std::size_t picture_width(std::int64_t thumbnail_width)
     return static_cast<std::size_t>(std::max<std::int64_t>((thumbnail_width - 5) / 7, 0));
 }
 
-/// Frames that the cells of a position add. On a reel sheet the clock runs with the adjustment of the
-/// seconds, although its header names its own.
-std::int64_t cell_adjustment(clip_sheet sheet, const time_adjustments& adjustments, time_format format)
+/// Where a column of times is made.
+struct times_of_sheet {
+    clip_sheet sheet;
+    figure_style figures;
+};
+
+/// Frames that the cells of a position add. On a reel sheet of comparable figures the clock runs with the
+/// adjustment of the seconds, although its header names its own.
+std::int64_t cell_adjustment(const times_of_sheet& of, const time_adjustments& adjustments,
+                             time_format format)
 {
-    if (sheet == clip_sheet::one_reel && format == time_format::clock)
+    if (of.figures == figure_style::comparable && of.sheet == clip_sheet::one_reel
+        && format == time_format::clock)
         return adjustments.seconds_adj;
     return adjustment_of(adjustments, format);
 }
@@ -241,7 +249,7 @@ table_column<clip_record> source_cells(time_format format, frames_function frame
             }};
 }
 
-void add_time_columns(clip_sheet_columns& columns, const clip_column& column, clip_sheet sheet,
+void add_time_columns(clip_sheet_columns& columns, const clip_column& column, const times_of_sheet& of,
                       const report_options& options)
 {
     const bool on_timeline = column.clock == time_clock::timeline;
@@ -256,8 +264,7 @@ void add_time_columns(clip_sheet_columns& columns, const clip_column& column, cl
         if (column.is_adjusted)
             columns.headers.push_back(
                 adjusted_header(column.header, adjustment_of(options.adjustments, format)));
-        const std::int64_t moved =
-            column.is_adjusted ? cell_adjustment(sheet, options.adjustments, format) : 0;
+        const std::int64_t moved = column.is_adjusted ? cell_adjustment(of, options.adjustments, format) : 0;
         columns.cells.push_back(on_timeline ? timeline_cells(format, column.frames, moved)
                                             : source_cells(format, column.frames));
     }
@@ -281,7 +288,8 @@ bool is_shown(const clip_column& column, const column_switches& switches, bool i
 } // namespace
 
 clip_sheet_columns expand_clip_columns(clip_sheet sheet, const report_options& options,
-                                       const column_switches& switches, bool is_sequence)
+                                       const column_switches& switches, bool is_sequence,
+                                       figure_style figures)
 {
     clip_sheet_columns columns;
     columns.has_audio_tags = switches.is_on(column_switch::id3_metadata);
@@ -294,7 +302,7 @@ clip_sheet_columns expand_clip_columns(clip_sheet sheet, const report_options& o
         if (column.clock == time_clock::none)
             add_plain_column(columns, column);
         else
-            add_time_columns(columns, column, sheet, options);
+            add_time_columns(columns, column, {sheet, figures}, options);
         if (column.shown_by == column_switch::source_duration && columns.cells.size() > first_cell)
             columns.first_source_duration = first_cell;
     }

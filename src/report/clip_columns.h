@@ -24,6 +24,7 @@ struct clip_sheet_columns : sheet_columns<clip_record> {
 
 /// Expands the clip columns over the chosen time formats. `options` need not outlive the result.
 clip_sheet_columns expand_clip_columns(clip_sheet sheet, const report_options& options,
-                                       const column_switches& switches, bool is_sequence);
+                                       const column_switches& switches, bool is_sequence,
+                                       figure_style figures = figure_style::comparable);
 
 } // namespace tallyframe

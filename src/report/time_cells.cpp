@@ -110,6 +110,13 @@ sequence_clock clock_of(const analysis_result& analysis)
     return clock;
 }
 
+double supplementary_duration(const track_position& place, figure_style figures)
+{
+    const double to_last_frame =
+        static_cast<double>(place.seq_end_frame) - static_cast<double>(place.seq_start_frame);
+    return figures == figure_style::exact ? to_last_frame + 1 : to_last_frame;
+}
+
 std::string sequence_timecode_text(std::optional<double> frames, const sequence_clock& clock)
 {
     return to_timecode(frames, clock.seq_fcp_rate, clock.seq_displayformat, counting_of(clock.figures));

@@ -40,6 +40,10 @@ std::string sequence_timecode_text(std::optional<double> frames, const sequence_
 /// The clock of what was analysed. Bins have no rate.
 sequence_clock clock_of(const analysis_result& analysis);
 
+/// Frames that a supplementary sheet shows as an item's duration: those that it covers, or, comparable, from
+/// the first to the last, one less.
+double supplementary_duration(const track_position& place, figure_style figures);
+
 /// The frame count as the sequence's timecode, as most sheets show their times.
 cell_value sequence_timecode(std::optional<double> frames, const sequence_clock& clock);
 cell_value sequence_timecode(std::int64_t frames, const sequence_clock& clock);

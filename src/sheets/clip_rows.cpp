@@ -72,7 +72,8 @@ sheet sheet_of_clips(const report_frame& frame, std::string name, const clip_she
 void add_clips_sheet(const report_frame& frame, growing_report& report)
 {
     const clip_sheet_columns columns =
-        expand_clip_columns(clip_sheet::all_reels, frame.options, frame.switches, frame.analysis.is_sequence);
+        expand_clip_columns(clip_sheet::all_reels, frame.options, frame.switches, frame.analysis.is_sequence,
+                            frame.analysis.figures);
     std::vector<const clip_record*> clips = rows_of_clips_sheet(frame.rows.clip_data_array);
     sheet made = sheet_of_clips(frame, std::string(all_reels_name), columns, clips);
     made.progress_steps = frame.rows.clip_data_array.size();

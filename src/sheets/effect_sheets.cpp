@@ -24,13 +24,10 @@ cell_value sequence_out(const Record& item, const row_context& row)
     return sequence_timecode(item.place.seq_end_frame, row.clock);
 }
 
-/// From the first frame to the last: one frame less than the item lasts.
 template <class Record>
 cell_value duration(const Record& item, const row_context& row)
 {
-    const double frames =
-        static_cast<double>(item.place.seq_end_frame) - static_cast<double>(item.place.seq_start_frame);
-    return sequence_timecode(std::optional(frames), row.clock);
+    return sequence_timecode(std::optional(supplementary_duration(item.place, row.clock.figures)), row.clock);
 }
 
 cell_value check_mark_or_no_cell(const filter_record& filter, const row_context&)

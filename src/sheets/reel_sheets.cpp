@@ -77,7 +77,8 @@ std::vector<source_total> totals_of_reels(const report_frame& frame)
 void add_reel_sheets(const report_frame& frame, growing_report& report)
 {
     const clip_sheet_columns columns =
-        expand_clip_columns(clip_sheet::one_reel, frame.options, frame.switches, frame.analysis.is_sequence);
+        expand_clip_columns(clip_sheet::one_reel, frame.options, frame.switches, frame.analysis.is_sequence,
+                            frame.analysis.figures);
     const auto by_reel = clips_by_reel(frame.rows.clip_data_array);
     std::size_t number = 0;
     std::size_t steps = 0; // a reel is one step, with clips or without

@@ -214,6 +214,18 @@ TEST(filters_sheet, of_none_is_the_table_header)
     EXPECT_THAT(sheet.widths, ElementsAre(6, 7, 8, 10, 12, 13, 12));
 }
 
+TEST(exact_effect_sheets, show_the_frames_that_an_item_covers_as_its_duration)
+{
+    test::made_report report;
+    report.analysis.figures = figure_style::exact;
+    report.analysis.video_transition_array = {test::transition("Wipe", built_in, "V1", 0, 14)};
+    report.analysis.video_clip_filter_array = {test::filter("Blur", built_in, "V1", 0, 24)};
+    report.analysis.video_clip_motion_array = {test::motion("Scale (50%)", "V1", 0, 0)};
+    EXPECT_EQ(transitions(report).cell(4, 4).text, "00:00:00:15");
+    EXPECT_EQ(filters(report).cell(4, 6).text, "00:00:01:00");
+    EXPECT_EQ(motions(report).cell(4, 5).text, "00:00:00:01");
+}
+
 TEST(exact_effect_sheets, show_each_row_in_the_colour_of_its_own_track)
 {
     test::made_report report;

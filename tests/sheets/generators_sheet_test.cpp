@@ -92,6 +92,27 @@ TEST(generators_sheet, has_its_own_rule_of_adjustments_on_purpose)
                 ElementsAre("00:00:01:24", "00:00:01", "49", "0003+01", "1.96"));
 }
 
+TEST(generators_sheet, of_exact_figures_moves_its_cells_as_the_headers_say_and_shows_the_frames_covered)
+{
+    auto report = with_title();
+    report.analysis.figures = figure_style::exact;
+    report.options.timeline_time_columns = all_formats;
+    report.options.adjustments = {
+        .hhmmssff_adj = 1, .clock_adj = 2500, .frames_adj = 3, .feetframes_adj = 16, .seconds_adj = 50};
+    const auto sheet = generators(report);
+    const auto headers = sheet.row(0);
+    EXPECT_THAT(std::vector(headers.begin() + 3, headers.begin() + 8),
+                ElementsAre("Sequence In +1", "Sequence In +2500", "Sequence In +3", "Sequence In +16",
+                            "Sequence In +50"));
+    const auto cells = sheet.row(1);
+    EXPECT_THAT(std::vector(cells.begin() + 3, cells.begin() + 8),
+                ElementsAre("00:00:04:01", "00:01:44", "103", "0007+04", "6"));
+    EXPECT_THAT(std::vector(cells.begin() + 8, cells.begin() + 13),
+                ElementsAre("00:00:06:00", "00:01:45", "152", "0010+05", "7.96"));
+    EXPECT_THAT(std::vector(cells.begin() + 13, cells.begin() + 18),
+                ElementsAre("00:00:02:00", "00:00:02", "50", "0003+02", "2"));
+}
+
 TEST(generators_sheet, writes_frames_whole_and_seconds_with_decimals)
 {
     auto report = with_title();

@@ -150,6 +150,18 @@ TEST(reel_sheet, runs_the_clock_with_the_adjustment_of_the_seconds_on_purpose)
     EXPECT_THAT(book.sheet("All Reels").row(1), ElementsAre("Shot", "00:00:01", "0"));
 }
 
+TEST(reel_sheet, of_exact_figures_runs_the_clock_with_its_own_adjustment)
+{
+    auto report = report_with({"Sequence In"}, {of_reel("A001", "Shot", "V1", 0, 49)});
+    report.analysis.figures = figure_style::exact;
+    report.options.timeline_time_columns = {time_format::clock, time_format::seconds};
+    report.options.adjustments.clock_adj = 25;
+    const auto book = report.make({add_clips_sheet, add_reel_sheets});
+    EXPECT_THAT(book.sheet("#1 A001").row(0), ElementsAre("Clip Name", "Sequence In +25", "Sequence In"));
+    EXPECT_THAT(book.sheet("#1 A001").row(1), ElementsAre("Shot", "00:00:01", "0"));
+    EXPECT_THAT(book.sheet("All Reels").row(1), ElementsAre("Shot", "00:00:01", "0"));
+}
+
 TEST(reel_sheet, shows_the_sample_rate_of_audio_too)
 {
     auto song = of_reel("A001", "Song", "A1", 0, 9);
