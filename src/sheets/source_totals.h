@@ -2,6 +2,7 @@
 #pragma once
 
 #include "analysis/clip_record.h"
+#include "run/figure_style.h"
 
 #include <string_view>
 #include <vector>
@@ -16,8 +17,10 @@ struct source_total {
 };
 
 /// The media files of the clips sheet's rows, in the order met. Clips without a path count under the empty
-/// one.
-std::vector<source_total> totals_of_files(const std::vector<const clip_record*>& rows);
+/// one. Comparable, every row counts whole, so that picture and sound of one file count twice; exact, each
+/// frame of the sequence counts once a file.
+std::vector<source_total> totals_of_files(const std::vector<const clip_record*>& rows,
+                                          figure_style figures = figure_style::comparable);
 
 double sum_of(const std::vector<source_total>& totals);
 

@@ -59,7 +59,8 @@ sheet sheet_of_totals(const report_frame& frame, std::string_view name, std::vec
 
 void add_files_summary(const report_frame& frame, growing_report& report)
 {
-    std::vector<source_total> files = totals_of_files(rows_of_clips_sheet(frame.rows.clip_data_array));
+    std::vector<source_total> files =
+        totals_of_files(rows_of_clips_sheet(frame.rows.clip_data_array), frame.analysis.figures);
     const double sum = sum_of(files);
     std::stable_sort(files.begin(), files.end(), [](const source_total& left, const source_total& right) {
         return left.name < right.name;

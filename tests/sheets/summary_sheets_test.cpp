@@ -69,6 +69,33 @@ TEST(files_summary, has_the_drop_frame_labels_of_its_figures)
     EXPECT_EQ(files_summary(report).cell(1, 1).text, "00:00:59;29");
 }
 
+TEST(files_summary, counts_every_use_of_a_file_on_purpose)
+{
+    test::made_report report;
+    report.analysis.video_clip_data_array = {test::clip_of_file("/media/a.mov", "V1", 0, 49),
+                                             test::clip_of_file("/media/b.mov", "V1", 50, 99)};
+    report.analysis.audio_clip_data_array = {test::clip_of_file("/media/a.mov", "A1", 0, 49)};
+    const auto sheet = files_summary(report);
+    EXPECT_EQ(sheet.cell(1, 1).text, "00:00:04:00");
+    EXPECT_EQ(sheet.cell(2, 1).text, "00:00:02:00");
+}
+
+TEST(files_summary, of_exact_figures_counts_each_frame_of_the_sequence_once_a_file)
+{
+    test::made_report report;
+    report.analysis.figures = figure_style::exact;
+    report.analysis.video_clip_data_array = {test::clip_of_file("/media/a.mov", "V1", 0, 49),
+                                             test::clip_of_file("/media/a.mov", "V2", 10, 19),
+                                             test::clip_of_file("/media/b.mov", "V1", 50, 149),
+                                             test::clip_of_file("/media/a.mov", "V1", 200, 224)};
+    report.analysis.audio_clip_data_array = {test::clip_of_file("/media/a.mov", "A1", 0, 49),
+                                             test::clip_of_file("/media/a.mov", "A2", 40, 74)};
+    const auto sheet = files_summary(report);
+    EXPECT_THAT(sheet.row(1), ElementsAre("a.mov", "00:00:04:00", "0.5", "/media/a.mov"))
+        << "0 to 74 and 200 to 224";
+    EXPECT_THAT(sheet.row(2), ElementsAre("b.mov", "00:00:04:00", "0.5", "/media/b.mov"));
+}
+
 TEST(files_summary, formats_totals_and_shares_and_leaves_names_and_paths_plain)
 {
     test::made_report report;
