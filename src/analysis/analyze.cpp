@@ -26,12 +26,13 @@ std::int64_t progress_bar_length(const document_index& index, std::size_t sequen
 }
 
 std::vector<marker_record> sequence_marker_records(const std::vector<xml_node>& markers,
-                                                   std::int64_t sequence_start_frame, progress& display)
+                                                   std::int64_t sequence_start_frame, figure_style figures,
+                                                   progress& display)
 {
     std::vector<marker_record> records;
     for (const xml_node marker : markers) {
         display.advance("Analyzing Sequence Markers\n");
-        records.push_back(marker_hash(marker, sequence_start_frame));
+        records.push_back(marker_hash(marker, sequence_start_frame, false, figures));
     }
     return records;
 }
@@ -62,7 +63,8 @@ analysis_result analyze(const document_index& index, const analysis_subject& sub
         additions.refer_to_nested_files(sequence, index, texts);
     }
     const media_catalogue& media = catalogues.of(index.files, result.seq_fcp_rate, display);
-    result.seq_markers_data_array = sequence_marker_records(sequence_markers, sequence_start_frame, display);
+    result.seq_markers_data_array =
+        sequence_marker_records(sequence_markers, sequence_start_frame, figures, display);
 
     video_checkboxes.clone_and_clear();
     audio_checkboxes.clone_and_clear();

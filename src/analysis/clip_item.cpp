@@ -154,7 +154,7 @@ clip_item read_clip_item(analysis_walk& walk, const track_context& track, xml_no
     clip_item clip;
     clip.element = element;
     if (children.name)
-        clip.name = with_quotes_escaped(children.name.text());
+        clip.name = shown_name(children.name.text(), walk.result.figures);
     if (children.file)
         clip.file_id = children.file.attribute("id").value_or("");
     clip.positions =

@@ -26,7 +26,7 @@ struct clip_positions {
 /// A clip item of a video or audio track, as far as both are read alike.
 struct clip_item {
     xml_node element;
-    std::optional<std::string> name; ///< double quotes as "&quot;"
+    std::optional<std::string> name; ///< double quotes as "&quot;", unless figures are exact
     std::optional<std::string> file_id; ///< nothing for a clip item without a file
     clip_positions positions;
     std::string enabled; ///< "FALSE" on a disabled track

@@ -68,7 +68,7 @@ void add_clip_markers(const analysis_walk& walk, const track_context& track, con
     const std::int64_t scaled_in = rounded_frames(static_cast<double>(clip.positions.in) * speed / 100);
     const std::int64_t scaled_out = rounded_frames(static_cast<double>(clip.positions.out) * speed / 100);
     for (const xml_node element : clip.markers) {
-        marker_record marker = marker_hash(element, walk.sequence_start_frame);
+        marker_record marker = marker_hash(element, walk.sequence_start_frame, false, walk.result.figures);
         // The same margin on both sides, so that a marker on the last two frames in use is left out.
         constexpr std::int64_t margin = 2;
         if (marker.in_point < scaled_in - margin || marker.out_point > scaled_out - margin)

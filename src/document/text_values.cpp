@@ -16,4 +16,9 @@ std::string with_quotes_escaped(std::string_view text)
     return escaped;
 }
 
+std::string shown_name(std::string_view text, figure_style figures)
+{
+    return figures == figure_style::exact ? std::string(text) : with_quotes_escaped(text);
+}
+
 } // namespace tallyframe

@@ -96,10 +96,10 @@ std::string_view color_of(xml_node marker, bool is_ppro)
 
 } // namespace
 
-marker_record marker_hash(xml_node marker, std::int64_t offset, bool is_ppro)
+marker_record marker_hash(xml_node marker, std::int64_t offset, bool is_ppro, figure_style figures)
 {
     marker_record record;
-    record.name = with_quotes_escaped(required_text(marker, "name"));
+    record.name = shown_name(required_text(marker, "name"), figures);
     record.type = "Note";
     const std::int64_t in = truncated_number(required_text(marker, "in"));
     const std::int64_t out = truncated_number(required_text(marker, "out"));
@@ -112,7 +112,7 @@ marker_record marker_hash(xml_node marker, std::int64_t offset, bool is_ppro)
         record.duration = out - in;
     }
     if (const auto comment = marker.text_of("comment")) {
-        record.comment = with_quotes_escaped(*comment);
+        record.comment = shown_name(*comment, figures);
         record.type = type_of_comment(*comment);
     }
     record.color = color_of(marker, is_ppro);

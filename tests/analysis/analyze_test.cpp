@@ -154,6 +154,23 @@ TEST(analyze, reads_markers_of_the_sequence_from_its_first_timecode)
     EXPECT_EQ(result.seq_markers_data_array[0].out_frame, 90019);
 }
 
+TEST(analyze, keeps_the_quotes_of_names_where_figures_are_exact)
+{
+    const xmeml document = xmeml()
+                               .sequence("Reel 1")
+                               .with_marker(marker("\"Act\"", 3))
+                               .video_track({clip("12\" vinyl").marker("\"Look\"", 5)});
+    const analysis_result comparable = analysis_of(document);
+    EXPECT_EQ(comparable.video_clip_data_array.at(0).name, "12&quot; vinyl");
+    EXPECT_EQ(comparable.video_clip_marker_array.at(0).name, "&quot;Look&quot;");
+    EXPECT_EQ(comparable.seq_markers_data_array.at(0).name, "&quot;Act&quot;");
+    const analysis_result exact = exact_analysis_of(document);
+    EXPECT_EQ(exact.video_clip_data_array.at(0).name, "12\" vinyl");
+    EXPECT_EQ(exact.video_clip_marker_array.at(0).name, "\"Look\"");
+    EXPECT_EQ(exact.video_clip_marker_array.at(0).clip_name, "12\" vinyl");
+    EXPECT_EQ(exact.seq_markers_data_array.at(0).name, "\"Act\"");
+}
+
 TEST(analyze, lists_each_reel_once_in_order)
 {
     const analysis_result result = analysis_of(
