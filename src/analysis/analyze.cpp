@@ -79,6 +79,8 @@ analysis_result analyze(const document_index& index, const analysis_subject& sub
     remove_duplicates(result.video_clip_marker_array);
     remove_duplicates(result.audio_clip_marker_array);
     result.reels_array = media.reels;
+    if (figures == figure_style::exact)
+        std::erase(result.reels_array, std::string()); // a reel element without a name names no reel
     return result;
 }
 

@@ -180,6 +180,16 @@ TEST(analyze, lists_each_reel_once_in_order)
     EXPECT_THAT(result.reels_array, ElementsAre("A001", "B002"));
 }
 
+TEST(analyze, takes_an_empty_reel_name_for_no_reel_where_figures_are_exact)
+{
+    const std::string nameless = "<timecode><reel><name></name></reel></timecode>";
+    const xmeml document =
+        xmeml().sequence("Reel 1").video_track({clip("A").file({.path = "/a", .with = nameless}),
+                                                clip("B").at(50, 60).file({.path = "/b", .reel = "A001"})});
+    EXPECT_THAT(analysis_of(document).reels_array, ElementsAre("", "A001"));
+    EXPECT_THAT(exact_analysis_of(document).reels_array, ElementsAre("A001"));
+}
+
 TEST(analyze, restores_the_check_boxes_of_the_walked_tracks)
 {
     analyzed_document document(xmeml()
