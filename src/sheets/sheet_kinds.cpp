@@ -56,7 +56,7 @@ constexpr sheet_option files_summary = {
     R"("Files Summary")",
     "summarySheetCheckbox",
     "Files Summary",
-    R"(The sheet "Files Summary": how much of the sequence each media file covers)"};
+    R"(The sheet "Files Summary": the time of all uses of each media file)"};
 constexpr sheet_option media_check = {
     &report_options::media_sheet,
     "--media-sheet",
