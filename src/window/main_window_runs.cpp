@@ -47,7 +47,8 @@ void main_window::start_opening()
     page_->left_out->hide();
     page_->bar->set_entries({});
     leave_analysis();
-    runner_.open(file_path(document_), page_->options->chosen_scope(), without_uuid_);
+    runner_.open(file_path(document_), page_->options->chosen_scope(), without_uuid_,
+                 page_->options->chosen_figures());
     show_message();
     update_enabled();
 }
@@ -181,7 +182,8 @@ std::optional<report_subject> main_window::wanted_subject() const
 {
     if (page_->bar->position() < 0)
         return std::nullopt;
-    return report_subject{static_cast<std::size_t>(page_->bar->position()), page_->options->chosen_scope()};
+    return report_subject{static_cast<std::size_t>(page_->bar->position()), page_->options->chosen_scope(),
+                          page_->options->chosen_figures()};
 }
 
 bool main_window::is_analyzed() const

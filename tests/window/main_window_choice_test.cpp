@@ -6,6 +6,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QButtonGroup>
+#include <QCheckBox>
 #include <QFileDialog>
 #include <QLabel>
 #include <QThread>
@@ -100,6 +101,16 @@ TEST_F(main_window_choice, takes_the_latest_scope)
     scopes().button(2)->click();
     wait_for_run();
     EXPECT_EQ(rows_of("previewTableView"), 1) << "audio only";
+    EXPECT_TRUE(can_save());
+}
+
+TEST_F(main_window_choice, of_exact_figures_reads_the_sequence_anew)
+{
+    open(write("one.xml", xmeml().sequence("Only", {}).video_track({clip("12\" vinyl")}).text()));
+    EXPECT_EQ(window->runner().session().analysis.video_clip_data_array.at(0).name, "12&quot; vinyl");
+    find<QCheckBox>("exactFiguresCheckbox").click();
+    wait_for_run();
+    EXPECT_EQ(window->runner().session().analysis.video_clip_data_array.at(0).name, "12\" vinyl");
     EXPECT_TRUE(can_save());
 }
 

@@ -178,11 +178,12 @@ TEST_F(main_window_reach, explains_itself)
     QTest::keySequence(window.get(), QKeySequence::HelpContents);
     const QString guide = find<QDialog>("guide").findChild<QTextBrowser*>()->toPlainText();
     for (const char* option :
-         {"Enabled clips only", "Skip audio of video clips", "Markers", "Graphics & Titles", "Transitions",
-          "Filters", "Motion Effects", "Files Summary", "Reels", "Layout", "Timeline times", "Source times",
-          "Add frames", "Row colors", "Pictures", "Media that has moved"}) {
+         {"Enabled clips only", "Skip audio of video clips", "Exact figures", "Markers", "Graphics & Titles",
+          "Transitions", "Filters", "Motion Effects", "Files Summary", "Reels", "Layout", "Timeline times",
+          "Source times", "Add frames", "Row colors", "Pictures", "Media that has moved"}) {
         EXPECT_TRUE(guide.contains(option)) << option;
     }
+    EXPECT_TRUE(guide.contains("the frames covered")) << "the table of what is exact";
     action("About Tallyframe")->trigger();
     const auto& about = find<QMessageBox>("aboutBox");
     EXPECT_EQ(about.text(), "Tallyframe 1.0.0");

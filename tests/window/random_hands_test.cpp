@@ -79,11 +79,12 @@ protected:
     {
         const std::string uuid = window->runner().session().menu.at(subject.menu_position).uuid;
         const std::string key = std::to_string(opened) + " " + uuid + " "
-            + std::to_string(tag_for_scope(subject.import_video_audio_preference));
+            + std::to_string(tag_for_scope(subject.import_video_audio_preference))
+            + (subject.figures == figure_style::exact ? " exact" : "");
         auto& known = analyses[key];
         if (!known) {
-            known = std::make_unique<analyzed_document>(documents[opened], uuid,
-                                                        subject.import_video_audio_preference);
+            known = std::make_unique<analyzed_document>(
+                documents[opened], uuid, subject.import_video_audio_preference, subject.figures);
             gui_mode = true;
         }
         return known->result;

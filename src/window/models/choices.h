@@ -3,6 +3,7 @@
 
 #include "analysis/report_scope.h"
 #include "report/report_options.h"
+#include "run/figure_style.h"
 #include "window/models/media_places.h"
 
 #include <QString>
@@ -16,6 +17,7 @@ enum class appearance { system, light, dark };
 /// What the user has chosen, and finds again at the next start.
 struct choices {
     report_scope scope = report_scope::video_audio;
+    figure_style figures = figure_style::comparable;
     report_options options; ///< with the saved layouts
     std::vector<media_place> media_places; ///< where media is looked for
     appearance look = appearance::system;

@@ -202,6 +202,7 @@ QVariantMap values_of(const choices& kept)
         values[adjustment.key] = qlonglong{options.adjustments.*adjustment.member};
     values["thumbnail_width"] = qlonglong{options.thumbnail_width};
     values["importVideoAudioRadioButtons"] = tag_for_scope(kept.scope);
+    values["exactFiguresCheckbox"] = kept.figures == figure_style::exact;
     values["appearance"] = appearance_names[static_cast<int>(kept.look)];
     values["recent_documents"] = kept.recent_documents;
     values["save_folder"] = kept.save_folder;
@@ -266,6 +267,8 @@ choices load_choices(const QSettings& settings)
     int scope_tag = tag_for_scope(kept.scope);
     read_number(settings, "importVideoAudioRadioButtons", 0, 2, scope_tag);
     kept.scope = scope_for_tag(scope_tag, kept.scope);
+    if (settings.value("exactFiguresCheckbox").toBool())
+        kept.figures = figure_style::exact;
     const auto* look = std::ranges::find(appearance_names, settings.value("appearance").toString());
     if (look != std::end(appearance_names))
         kept.look = static_cast<appearance>(look - appearance_names);

@@ -8,13 +8,16 @@
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QRadioButton>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 namespace tallyframe::window {
 
 content_panel::content_panel(QWidget* parent)
     : QWidget(parent), scope_buttons_(new QButtonGroup(this)),
-      rows_(new option_checkbox_list(row_checkboxes())), sheets_(new option_checkbox_list(sheet_checkboxes()))
+      rows_(new option_checkbox_list(row_checkboxes())),
+      sheets_(new option_checkbox_list(sheet_checkboxes())),
+      exact_figures_(new QCheckBox(tr("Exact figures")))
 {
     auto* column = new QVBoxLayout(this);
     column->addWidget(make_scope_group());
@@ -22,6 +25,7 @@ content_panel::content_panel(QWidget* parent)
     auto* rows_group = new QGroupBox(tr("Clips"));
     (new QVBoxLayout(rows_group))->addWidget(rows_);
     column->addWidget(rows_group);
+    column->addWidget(make_figures_group());
 
     auto* sheets_group = new QGroupBox(tr("Sheets beside \"All Reels\""));
     (new QVBoxLayout(sheets_group))->addWidget(sheets_);
@@ -42,11 +46,19 @@ void content_panel::set_choices(const choices& kept)
         button->setChecked(true);
     rows_->set_options(kept.options);
     sheets_->set_options(kept.options);
+    const QSignalBlocker quiet(exact_figures_);
+    exact_figures_->setChecked(kept.figures == figure_style::exact);
     take_scope(kept.scope);
+}
+
+figure_style content_panel::chosen_figures() const
+{
+    return exact_figures_->isChecked() ? figure_style::exact : figure_style::comparable;
 }
 
 void content_panel::set_scope_enabled(bool enabled)
 {
+    exact_figures_->setEnabled(enabled);
     for (QAbstractButton* button : scope_buttons_->buttons())
         button->setEnabled(enabled);
 }
@@ -54,6 +66,7 @@ void content_panel::set_scope_enabled(bool enabled)
 void content_panel::apply_to(choices& kept) const
 {
     kept.scope = scope_for_tag(scope_buttons_->checkedId(), kept.scope);
+    kept.figures = chosen_figures();
     rows_->apply_to(kept.options);
     sheets_->apply_to(kept.options);
 }
@@ -73,6 +86,18 @@ QWidget* content_panel::make_scope_group()
         column->addWidget(button);
     }
     scope_buttons_->button(0)->setChecked(true);
+    return group;
+}
+
+QWidget* content_panel::make_figures_group()
+{
+    auto* group = new QGroupBox(tr("Figures"));
+    exact_figures_->setObjectName("exactFiguresCheckbox");
+    exact_figures_->setToolTip(tr(
+        "Some figures are as in older lists, so that lists can be compared, and not quite right. This makes "
+        "them right: the guide (F1) tells which"));
+    (new QVBoxLayout(group))->addWidget(exact_figures_);
+    connect(exact_figures_, &QCheckBox::toggled, this, &content_panel::scope_changed);
     return group;
 }
 

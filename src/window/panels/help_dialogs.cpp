@@ -55,6 +55,11 @@ const guide_chapter guide[] = {
           QT_TRANSLATE_NOOP("guide",
                             "Leaves out audio clips whose media file is also a video clip's. What remains is "
                             "music, effects and separate sound.")},
+         {QT_TRANSLATE_NOOP("guide", "Exact figures"),
+          QT_TRANSLATE_NOOP(
+              "guide",
+              "Some figures are as in older lists, so that a new list can be held against an old "
+              "one. Ticked, they are right instead. The table below says which.")},
          {QT_TRANSLATE_NOOP("guide", "Markers"),
           QT_TRANSLATE_NOOP("guide", "Sheets \"Sequence Markers\" and \"Clip Markers\".")},
          {QT_TRANSLATE_NOOP("guide", "Graphics & Titles"),
@@ -62,9 +67,13 @@ const guide_chapter guide[] = {
                             "A sheet of titles with their texts and fonts, and other generated items.")},
          {QT_TRANSLATE_NOOP("guide", "Transitions, Filters, Motion Effects"),
           QT_TRANSLATE_NOOP("guide",
-                            "A sheet each. What does not come with the editing application is red.")},
+                            "A sheet each. The lists on top show what does not come with the editing "
+                            "application in red. In the tables, colors run on from row to row unless figures "
+                            "are exact.")},
          {QT_TRANSLATE_NOOP("guide", "Files Summary"),
-          QT_TRANSLATE_NOOP("guide", "How much of the sequence each media file covers.")},
+          QT_TRANSLATE_NOOP("guide",
+                            "The time of all uses of each media file, and its share. A file with picture "
+                            "and sound counts for both, unless figures are exact.")},
          {QT_TRANSLATE_NOOP("guide", "Media Check"),
           QT_TRANSLATE_NOOP("guide",
                             "A sheet with every media file: where it is, whether it has the frames that are "
@@ -115,9 +124,61 @@ const guide_chapter guide[] = {
      }},
 };
 
+struct figure_entry {
+    const char* what;
+    const char* comparable;
+    const char* exact;
+};
+
+const figure_entry figures[] = {
+    {QT_TRANSLATE_NOOP("guide", "Source In and Out on \"Clip Markers\""),
+     QT_TRANSLATE_NOOP("guide", "counted from the marker's place in the sequence"),
+     QT_TRANSLATE_NOOP("guide", "where the marker lies in the media, on the media's own clock")},
+    {QT_TRANSLATE_NOOP("guide", "Colors of rows on \"Transitions\" and \"Filters\""),
+     QT_TRANSLATE_NOOP("guide", "run on from row to row"),
+     QT_TRANSLATE_NOOP("guide", "each row as its own track, red what is not built in")},
+    {QT_TRANSLATE_NOOP("guide", "Drop-frame timecode"),
+     QT_TRANSLATE_NOOP("guide", "each minute ends two labels early"),
+     QT_TRANSLATE_NOOP("guide", "SMPTE ST 12-1: each label exists, once")},
+    {QT_TRANSLATE_NOOP("guide", "Duration on \"Graphics & Titles\" and the sheets of effects"),
+     QT_TRANSLATE_NOOP("guide", "last frame minus first"), QT_TRANSLATE_NOOP("guide", "the frames covered")},
+    {QT_TRANSLATE_NOOP("guide", "\"Files Summary\""),
+     QT_TRANSLATE_NOOP("guide", "every use of a file counts, picture and sound each"),
+     QT_TRANSLATE_NOOP("guide", "each frame of the sequence counts once a file")},
+    {QT_TRANSLATE_NOOP("guide", "Headers such as \"Sequence In +1\""),
+     QT_TRANSLATE_NOOP("guide", "some cells below stay, or move by another format's number"),
+     QT_TRANSLATE_NOOP("guide", "cells move as their header says")},
+    {QT_TRANSLATE_NOOP("guide", "Double quotes in names and comments"), QT_TRANSLATE_NOOP("guide", "&quot;"),
+     QT_TRANSLATE_NOOP("guide", "\"")},
+    {QT_TRANSLATE_NOOP("guide", "An empty reel name"), QT_TRANSLATE_NOOP("guide", "a reel of its own"),
+     QT_TRANSLATE_NOOP("guide", "no reel")},
+};
+
 QString guide_text(const char* text)
 {
     return QCoreApplication::translate("guide", text);
+}
+
+QString row_as_html(const char* cell, std::initializer_list<QString> texts)
+{
+    QString html = "<tr>";
+    for (const QString& text : texts)
+        html += QString("<%1 align=\"left\">%2</%1>").arg(cell, text.toHtmlEscaped());
+    return html + "</tr>";
+}
+
+QString figures_as_html()
+{
+    QString html = "<h2>" + guide_text(QT_TRANSLATE_NOOP("guide", "Exact figures")).toHtmlEscaped()
+        + "</h2><table cellpadding=\"4\">";
+    html += row_as_html("th",
+                        {guide_text(QT_TRANSLATE_NOOP("guide", "What")),
+                         guide_text(QT_TRANSLATE_NOOP("guide", "Unless ticked")),
+                         guide_text(QT_TRANSLATE_NOOP("guide", "Exact"))});
+    for (const figure_entry& entry : figures)
+        html += row_as_html("td",
+                            {guide_text(entry.what), guide_text(entry.comparable), guide_text(entry.exact)});
+    return html + "</table>";
 }
 
 QString guide_as_html()
@@ -130,7 +191,7 @@ QString guide_as_html()
                 + guide_text(entry.text).toHtmlEscaped() + "</p>";
         }
     }
-    return html;
+    return html + figures_as_html();
 }
 
 } // namespace

@@ -52,6 +52,11 @@ report_scope options_panel::chosen_scope() const
     return content_->chosen_scope();
 }
 
+figure_style options_panel::chosen_figures() const
+{
+    return content_->chosen_figures();
+}
+
 void options_panel::edit_layouts()
 {
     columns_->edit_layouts();

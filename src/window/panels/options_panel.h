@@ -24,12 +24,15 @@ public:
     void set_scope_enabled(bool enabled);
     void apply_to(choices& kept) const;
     report_scope chosen_scope() const;
+    figure_style chosen_figures() const;
 
     /// Opens the dialog in which layouts are made.
     void edit_layouts();
 
 signals:
     void changed();
+
+    /// The scope or the style of figures is another: the analysis has to be made anew.
     void scope_changed();
 
 private:

@@ -56,13 +56,14 @@ std::optional<report_subject> session_runner::analyzed_subject() const
 {
     if (is_running() || !session_.analyzed_sequence_index)
         return std::nullopt;
-    return report_subject{*session_.analyzed_sequence_index, session_.import_video_audio_preference};
+    return report_subject{*session_.analyzed_sequence_index, session_.import_video_audio_preference,
+                          session_.figures};
 }
 
 void session_runner::open(const std::filesystem::path& document, report_scope import_video_audio_preference,
-                          unidentified_sequences without_uuid)
+                          unidentified_sequences without_uuid, figure_style figures)
 {
-    start({run_kind::opening, import_video_audio_preference,
+    start({run_kind::opening, import_video_audio_preference, figures,
            [this, document, without_uuid](run_outcome& outcome) {
                document_ = document;
                session_.without_uuid = without_uuid;
@@ -74,7 +75,7 @@ void session_runner::open(const std::filesystem::path& document, report_scope im
 
 void session_runner::analyze(const report_subject& subject)
 {
-    start({run_kind::analysis, subject.import_video_audio_preference,
+    start({run_kind::analysis, subject.import_video_audio_preference, subject.figures,
            [this, position = subject.menu_position](run_outcome& outcome) {
                analyze_entry(position, outcome);
            }});
@@ -83,7 +84,7 @@ void session_runner::analyze(const report_subject& subject)
 void session_runner::save(const std::filesystem::path& workbook, const report_options& options,
                           const media_choice& media)
 {
-    start({run_kind::saving, session_.import_video_audio_preference,
+    start({run_kind::saving, session_.import_video_audio_preference, session_.figures,
            [this, workbook, options, media](run_outcome& outcome) {
                report_media looked_at(media, out_, *display_);
                std::optional<thumbnail_folder> folder = looked_at.folder_for(workbook);
@@ -145,6 +146,7 @@ void session_runner::start(operation wanted)
     }
     kind_ = wanted.kind;
     session_.import_video_audio_preference = wanted.import_video_audio_preference;
+    session_.figures = wanted.figures;
     display_ = std::make_unique<run_progress>();
     emit started();
     worker_ = std::thread([this, run = std::move(wanted.run)] {

@@ -28,10 +28,11 @@ struct shown_alert {
     std::string informative_text;
 };
 
-/// What an analysis tells of: an entry of the menu, and which of its tracks are read.
+/// What an analysis tells of: an entry of the menu, which of its tracks are read, and by which rules.
 struct report_subject {
     std::size_t menu_position = 0;
     report_scope import_video_audio_preference = report_scope::video_audio;
+    figure_style figures = figure_style::comparable;
 
     bool operator==(const report_subject&) const = default;
 };
@@ -80,7 +81,8 @@ public:
     const run_progress* display() const { return display_.get(); }
 
     void open(const std::filesystem::path& document, report_scope import_video_audio_preference,
-              unidentified_sequences without_uuid = unidentified_sequences::left_out);
+              unidentified_sequences without_uuid = unidentified_sequences::left_out,
+              figure_style figures = figure_style::comparable);
     void analyze(const report_subject& subject);
     void save(const std::filesystem::path& workbook, const report_options& options,
               const media_choice& media);
@@ -103,6 +105,7 @@ private:
     struct operation {
         run_kind kind;
         report_scope import_video_audio_preference;
+        figure_style figures;
         std::function<void(run_outcome&)> run;
     };
 

@@ -37,6 +37,7 @@ void expect_defaults(const choices& kept)
 {
     const report_options defaults;
     EXPECT_EQ(kept.scope, report_scope::video_audio);
+    EXPECT_EQ(kept.figures, figure_style::comparable);
     EXPECT_EQ(kept.options.video_row_color, defaults.video_row_color);
     EXPECT_TRUE(kept.options.markers_sheets);
     EXPECT_FALSE(kept.options.layout.has_value());
@@ -60,6 +61,7 @@ TEST(settings, bring_every_choice_back)
 {
     choices kept;
     kept.scope = report_scope::audio;
+    kept.figures = figure_style::exact;
     kept.look = appearance::dark;
     kept.recent_documents = QStringList{"/films/Zoë, cut 3.xml", "/films/b.xml"};
     kept.save_folder = "/reports";
@@ -86,6 +88,7 @@ TEST(settings, bring_every_choice_back)
     file.save(kept);
     const choices back = file.load();
     EXPECT_EQ(back.scope, report_scope::audio);
+    EXPECT_EQ(back.figures, figure_style::exact);
     EXPECT_EQ(back.look, appearance::dark);
     EXPECT_EQ(back.recent_documents, kept.recent_documents);
     EXPECT_EQ(back.save_folder, "/reports");

@@ -33,6 +33,7 @@ TEST(content_panel, shows_choices_quietly_and_gives_them_back)
     const QSignalSpy scopes(&panel, &content_panel::scope_changed);
     choices wanted;
     wanted.scope = report_scope::video;
+    wanted.figures = figure_style::exact;
     wanted.options.filters_sheet = false;
     wanted.options.report_enabled_only = true;
     panel.set_choices(wanted);
@@ -40,6 +41,7 @@ TEST(content_panel, shows_choices_quietly_and_gives_them_back)
     EXPECT_EQ(panel.chosen_scope(), report_scope::video);
     const choices shown = shown_by(panel);
     EXPECT_EQ(shown.scope, report_scope::video);
+    EXPECT_EQ(shown.figures, figure_style::exact);
     EXPECT_FALSE(shown.options.filters_sheet);
     EXPECT_TRUE(shown.options.report_enabled_only);
     EXPECT_TRUE(shown.options.motion_sheet);
@@ -59,6 +61,18 @@ TEST(content_panel, tells_of_a_sheet_apart_from_the_scope)
     scope_button(panel, 2)->click();
     EXPECT_EQ(scopes.count(), 1);
     EXPECT_EQ(panel.chosen_scope(), report_scope::audio);
+}
+
+TEST(content_panel, asks_for_another_analysis_when_figures_are_to_be_exact)
+{
+    content_panel panel;
+    panel.set_choices({});
+    EXPECT_EQ(panel.chosen_figures(), figure_style::comparable);
+    const QSignalSpy analyses(&panel, &content_panel::scope_changed);
+    panel.findChild<QCheckBox*>("exactFiguresCheckbox")->click();
+    EXPECT_EQ(analyses.count(), 1);
+    EXPECT_EQ(panel.chosen_figures(), figure_style::exact);
+    EXPECT_EQ(shown_by(panel).figures, figure_style::exact);
 }
 
 TEST(content_panel, leaves_out_the_sound_of_video_clips_only_where_both_are_reported)
