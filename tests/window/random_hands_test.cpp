@@ -128,7 +128,9 @@ protected:
     report_subject chosen()
     {
         return {static_cast<std::size_t>(find<QComboBox>("sequencesPopupMenu").currentIndex()),
-                scope_for_tag(find<QButtonGroup>("importVideoAudioRadioButtons").checkedId(), {})};
+                scope_for_tag(find<QButtonGroup>("importVideoAudioRadioButtons").checkedId(), {}),
+                find<QCheckBox>("exactFiguresCheckbox").isChecked() ? figure_style::exact
+                                                                    : figure_style::comparable};
     }
 
     QString chosen_title() { return find<QComboBox>("sequencesPopupMenu").currentText(); }
@@ -270,10 +272,11 @@ protected:
     {
         QList<QAbstractButton*> buttons = find<QButtonGroup>("importVideoAudioRadioButtons").buttons();
         for (const char* name :
-             {"analyzeButton", "enabledOnlyCheckbox", "videoClipAudioCheckbox", "motionSheetCheckbox",
-              "videoTracksTableViewTickAllButton", "videoTracksTableViewTickNoneButton",
-              "audioTracksTableViewTickNoneButton", "audioTracksTableViewTickAllButton",
-              "timelineColumnsTableViewMoveDownButton", "inpointThumbnailsCheckbox", "closeBannerButton"})
+             {"analyzeButton", "enabledOnlyCheckbox", "exactFiguresCheckbox", "videoClipAudioCheckbox",
+              "motionSheetCheckbox", "videoTracksTableViewTickAllButton",
+              "videoTracksTableViewTickNoneButton", "audioTracksTableViewTickNoneButton",
+              "audioTracksTableViewTickAllButton", "timelineColumnsTableViewMoveDownButton",
+              "inpointThumbnailsCheckbox", "closeBannerButton"})
             buttons << &find<QAbstractButton>(name);
         QAbstractButton& button = *one_of(buttons);
         std::vector<const QWidget*> allowed = adjustments();
