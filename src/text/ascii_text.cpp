@@ -5,6 +5,7 @@
 
 #include <fmt/format.h>
 #include <unicode/translit.h>
+#include <unicode/uchar.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -50,6 +51,16 @@ std::string ascii_part(const icu::UnicodeString& units)
     return ascii;
 }
 
+/// Accents apart. The rules are left alone then: where memory is short, they end the program.
+bool is_ascii_with_marks(const icu::UnicodeString& decomposed_text)
+{
+    for (std::int32_t i = 0; i < decomposed_text.length(); ++i) {
+        if (decomposed_text[i] >= 0x80 && u_charType(decomposed_text[i]) != U_NON_SPACING_MARK)
+            return false;
+    }
+    return true;
+}
+
 bool is_blank(std::string_view text)
 {
     return text.find_first_not_of(' ') == std::string_view::npos;
@@ -75,9 +86,10 @@ std::string to_ascii(std::string_view text)
     if (std::all_of(text.begin(), text.end(), is_ascii))
         return std::string(text);
 
+    const icu::UnicodeString letters_and_marks = decomposed(text);
+    if (is_ascii_with_marks(letters_and_marks) || letters_and_marks.length() > longest_name)
+        return ascii_part(letters_and_marks);
     const icu::UnicodeString units = icu_text(text);
-    if (units.length() > longest_name)
-        return ascii_part(decomposed(text));
     std::string ascii = ascii_part(in_latin_letters(units));
     return is_blank(ascii) ? code_points_of(units) : ascii;
 }
