@@ -23,6 +23,9 @@ void understand(const message& received)
         promise(question->width > 0 && question->width <= largest_picture_side, "a width is one");
     const auto tags = tags_in(received);
     promise(!tags || tags_in(message_of(tags->tags))->tags == tags->tags, "tags are sent as they came");
+    const auto facts = facts_in(received);
+    promise(!facts || facts_in(message_of(facts->facts))->facts == facts->facts,
+            "facts are sent as they came");
     const auto answer = picture_in(received);
     if (!answer || !answer->picture)
         return;

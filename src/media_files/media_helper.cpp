@@ -232,6 +232,7 @@ bool media_helper::take(const message& received)
         return true;
     case message_kind::picture:
     case message_kind::tags:
+    case message_kind::facts:
         if (unanswered_ == 0)
             return false;
         --unanswered_;

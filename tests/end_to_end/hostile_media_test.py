@@ -125,7 +125,7 @@ class HostileMedia(ReportRuns):
                                   "--thumbnails=160")
                 self.assertEqual(run.stderr.splitlines()[1:],
                                  [f"tallyframe: 1 media file could not be read ({hostile}).",
-                                  "tallyframe: 1 row shows a placeholder instead of a picture."])
+                                  "tallyframe: 1 row shows a placeholder, because its media could not be read (B, row 3)."])
                 print(f"{name}: {time.monotonic() - begin:.1f} s", file=sys.stderr)
 
     def test_what_is_no_file_is_not_waited_for(self):

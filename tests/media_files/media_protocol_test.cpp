@@ -91,8 +91,8 @@ TEST(media_protocol, refuses_messages_that_are_too_long_or_of_no_kind)
         std::string bytes(reinterpret_cast<const char*>(&length), sizeof length);
         return bytes + kind;
     };
-    for (const std::string& bytes :
-         {header(most_content_bytes + 1, 5), header(UINT32_MAX, 0), header(0, 7)}) {
+    for (const std::string& bytes : {header(most_content_bytes + 1, 5), header(UINT32_MAX, 0),
+                                     header(0, static_cast<char>(last_message_kind) + 1)}) {
         incoming_messages incoming;
         incoming.add(bytes);
         EXPECT_THROW(incoming.next(), std::runtime_error);
