@@ -107,13 +107,13 @@ void walk_transitions(analysis_walk& walk, const track_context& track,
 
 walked_tracks tracks_of_sequence(xml_node sequence, account& losses)
 {
-    constexpr std::string_view clip_items[] = {"clipitem"};
+    constexpr std::string_view items[] = {"clipitem"};
     walked_tracks tracks{sequence.all("media/video/track"), sequence.all("media/audio/track")};
     std::erase_if(tracks.audio, [&](xml_node track) {
         const auto channel = track.attribute("currentExplodedTrackIndex");
         const bool is_further_channel = channel && *channel != "0";
         if (is_further_channel)
-            losses.add(loss_kind::further_channels, static_cast<std::size_t>(item_count(track, clip_items)));
+            losses.add(loss_kind::further_channels, static_cast<std::size_t>(item_count(track, items)));
         return is_further_channel;
     });
     return tracks;

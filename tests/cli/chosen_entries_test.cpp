@@ -82,7 +82,7 @@ TEST(report, gives_two_sequences_of_one_identifier_their_own_content_with_all)
 std::string nesting_sequence(const std::string& id, const std::string& nested_id)
 {
     std::string text = sequence(id, id);
-    text.insert(text.find('>'), " id=\"" + id + "\" explodedTracks=\"true\"");
+    text.insert(text.find('>'), " id=\"" + id + R"(" explodedTracks="true")");
     const std::size_t file = text.find("<file");
     return text.replace(file, text.find("</clipitem>") - file, "<sequence id=\"" + nested_id + "\"/>");
 }

@@ -127,7 +127,7 @@ TEST(report, calls_files_of_other_kinds_by_name)
         "Pro XML, and Final Cut Pro 7 with File > Export > XML.\n";
     const scratch_folder folder;
     write_file("cut.fcpxml",
-               "<?xml version=\"1.0\"?><!DOCTYPE fcpxml><fcpxml version=\"1.9\"><resources/></fcpxml>");
+               R"(<?xml version="1.0"?><!DOCTYPE fcpxml><fcpxml version="1.9"><resources/></fcpxml>)");
     const outcome document = run_with({"report", "cut.fcpxml"});
     EXPECT_EQ(document.code, failed);
     EXPECT_EQ(document.err, std::string("This is an FCPXML document (Final Cut Pro X).") + advice);

@@ -51,10 +51,13 @@ TEST_F(main_window_failures, says_that_a_file_is_no_timeline)
 
 TEST_F(main_window_failures, says_why_a_document_is_refused)
 {
-    std::string deep;
-    for (int i = 0; i < 300; ++i)
-        deep = "<bin>" + deep + "</bin>";
-    open_text("<xmeml>" + deep + "</xmeml>");
+    std::string begins;
+    std::string ends;
+    for (int i = 0; i < 300; ++i) {
+        begins += "<bin>";
+        ends += "</bin>";
+    }
+    open_text("<xmeml>" + begins + ends + "</xmeml>");
     EXPECT_EQ(alert(),
               std::pair(std::string("This XML file cannot be opened"),
                         std::string("The document nests elements more than 256 deep. Please export a simpler "

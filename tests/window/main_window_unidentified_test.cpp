@@ -70,7 +70,7 @@ TEST_F(main_window_unidentified, are_left_out_again_of_the_next_document)
 
 TEST_F(main_window_unidentified, are_told_from_files_of_other_kinds)
 {
-    open(write("cut.fcpxml", "<?xml version=\"1.0\"?><fcpxml version=\"1.9\"/>"));
+    open(write("cut.fcpxml", R"(<?xml version="1.0"?><fcpxml version="1.9"/>)"));
     EXPECT_FALSE(line().isVisible());
     EXPECT_EQ(find<QLabel>("messageText").text(),
               "This is an FCPXML document (Final Cut Pro X). Tallyframe reads the XML that Premiere Pro "
