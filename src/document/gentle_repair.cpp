@@ -40,11 +40,6 @@ void append_utf8(std::string& text, std::uint32_t letter)
     text += static_cast<char>(0x80U | (letter & 0x3FU));
 }
 
-bool is_ascii(char byte)
-{
-    return static_cast<unsigned char>(byte) < 0x80;
-}
-
 /// Visits the characters and bad bytes of a text one after the other.
 template <class Visitor>
 void for_each_character(std::string_view text, progress& display, const Visitor& visit)

@@ -11,9 +11,9 @@ namespace tallyframe {
 
 namespace {
 
-bool is_ascii(std::string_view text)
+bool is_all_ascii(std::string_view text)
 {
-    return std::all_of(text.begin(), text.end(), [](char byte) { return (byte & 0x80) == 0; });
+    return std::all_of(text.begin(), text.end(), is_ascii);
 }
 
 char lower_cased(char letter)
@@ -33,7 +33,7 @@ bool begins_with_a_drive(std::string_view path)
 
 std::string one_spelling(std::string_view name)
 {
-    if (is_ascii(name) || !is_utf8(name))
+    if (is_all_ascii(name) || !is_utf8(name))
         return std::string(name);
     std::string spelling;
     composed(name).toUTF8String(spelling);
@@ -42,7 +42,7 @@ std::string one_spelling(std::string_view name)
 
 std::string caseless_spelling(std::string_view name)
 {
-    if (!is_ascii(name))
+    if (!is_all_ascii(name))
         return is_utf8(name) ? one_spelling(case_folded(one_spelling(name))) : std::string(name);
     std::string lower(name);
     std::transform(lower.begin(), lower.end(), lower.begin(), lower_cased);

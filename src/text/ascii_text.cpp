@@ -2,6 +2,7 @@
 #include "text/ascii_text.h"
 
 #include "text/icu_text.h"
+#include "text/utf8.h"
 
 #include <fmt/format.h>
 #include <unicode/translit.h>
@@ -18,11 +19,6 @@ namespace {
 
 /// The rules take a while for each letter, and no name of a reel is longer than one of a file.
 constexpr std::int32_t longest_name = 255; ///< UTF-16 units
-
-bool is_ascii(char character)
-{
-    return static_cast<unsigned char>(character) < 0x80;
-}
 
 std::unique_ptr<const icu::Transliterator> make_rules()
 {

@@ -23,6 +23,12 @@ std::size_t declared_length(std::string_view text);
 /// Whether the whole text is UTF-8.
 bool is_utf8(std::string_view text);
 
+/// Whether a byte is a character of its own: one of ASCII.
+constexpr bool is_ascii(char byte)
+{
+    return static_cast<unsigned char>(byte) < 0x80;
+}
+
 /// Whether a byte goes on with the character of the byte before it.
 constexpr bool continues_character(char byte)
 {
